@@ -1,0 +1,42 @@
+# What every folder of the house shares: the language, the warnings and two ways to declare a target.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+include(CTest)
+include(GoogleTest)
+option(VMG_BENCH "Build the benchmarks and their peers" OFF)
+option(VMG_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(vmg_options INTERFACE)
+target_include_directories(vmg_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(vmg_options INTERFACE -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+                                             -Werror=switch -Werror=return-type)
+if(VMG_SANITIZE)
+  target_compile_options(vmg_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                               -fno-omit-frame-pointer)
+  target_link_options(vmg_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# vmg_library(NAME SOURCES ... [DEPENDS ...]): a small static library.
+function(vmg_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC vmg_options ${arg_DEPENDS})
+endfunction()
+
+# vmg_test(NAME SOURCES ... [DEPENDS ...] [ENVIRONMENT ...]): a GoogleTest program; each test is a CTest case.
+function(vmg_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS;ENVIRONMENT")
+  find_package(GTest REQUIRED)
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE vmg_options ${arg_DEPENDS} GTest::gtest GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300 ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()

@@ -1,0 +1,121 @@
+#include "support/automation/date.h"
+
+#include <chrono>
+#include <cmath>
+
+#include "support/automation/error.h"
+
+namespace vmgv {
+namespace {
+
+constexpr int kSecondsPerDay = 86400;
+constexpr double kFirstDay = -657434;  // 0100-01-01
+constexpr double kLastDay = 2958465;   // 9999-12-31
+constexpr std::chrono::sys_days kDayZero{std::chrono::year{1899} / 12 / 30};
+
+void appendNumber(std::string& text, int number, unsigned width) {
+  char reversed[12];
+  unsigned length = 0;
+  do {
+    reversed[length++] = static_cast<char>('0' + number % 10);
+    number /= 10;
+  } while (number > 0);
+  while (length < width) reversed[length++] = '0';
+  while (length > 0) text += reversed[--length];
+}
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+
+}  // namespace
+
+CivilTime civilTime(Date date) {
+  if (!(date.days > kFirstDay - 1 && date.days < kLastDay + 1)) throw Error(ErrorNumber::TypeMismatch);
+  double day = std::trunc(date.days);
+  auto seconds = std::lround(std::fabs(date.days - day) * kSecondsPerDay);
+  if (seconds == kSecondsPerDay) {
+    seconds = 0;
+    day += 1;
+  }
+  const std::chrono::year_month_day civil{kDayZero + std::chrono::days(static_cast<int>(day))};
+  CivilTime time;
+  time.year = static_cast<int>(civil.year());
+  time.month = static_cast<int>(static_cast<unsigned>(civil.month()));
+  time.day = static_cast<int>(static_cast<unsigned>(civil.day()));
+  time.hour = static_cast<int>(seconds / 3600);
+  time.minute = static_cast<int>(seconds / 60 % 60);
+  time.second = static_cast<int>(seconds % 60);
+  return time;
+}
+
+Date dateFromCivil(const CivilTime& time) {
+  const std::chrono::sys_days day{std::chrono::year{time.year} / time.month / time.day};
+  const double days = (day - kDayZero).count();
+  const double fraction =
+      static_cast<double>(time.hour * 3600 + time.minute * 60 + time.second) / kSecondsPerDay;
+  return {days < 0 ? days - fraction : days + fraction};
+}
+
+bool hasTime(Date date) { return date.days != std::trunc(date.days); }
+
+std::string dateText(Date date) {
+  static const DatePattern day("MM/dd/yyyy");
+  static const DatePattern moment("MM/dd/yyyy HH:mm:ss");
+  return (hasTime(date) ? moment : day).format(date);
+}
+
+DatePattern::DatePattern(std::string_view pattern) {
+  bool afterHour = false;
+  for (std::size_t at = 0; at < pattern.size();) {
+    if (pattern.substr(at, 5) == "AM/PM") {
+      tokens_.push_back({Part::AmPm, 0, 0});
+      twelveHours_ = true;
+      at += 5;
+      continue;
+    }
+    const char letter = pattern[at];
+    std::size_t end = at + 1;
+    while (end < pattern.size() && pattern[end] == letter) ++end;
+    const auto width = static_cast<unsigned char>(end - at);
+    Part part = Part::Literal;
+    switch (lower(letter)) {
+      case 'd': part = Part::Day; break;
+      case 'm': part = afterHour ? Part::Minute : Part::Month; break;
+      case 'y': part = Part::Year; break;
+      case 'h': part = Part::Hour; break;
+      case 'n': part = Part::Minute; break;
+      case 's': part = Part::Second; break;
+      default: break;
+    }
+    if (part == Part::Literal) {
+      tokens_.push_back({part, letter, 0});
+      ++at;
+      continue;
+    }
+    afterHour = part == Part::Hour;
+    tokens_.push_back({part, 0, width});
+    at = end;
+  }
+}
+
+std::string DatePattern::format(Date date) const {
+  const CivilTime time = civilTime(date);
+  std::string text;
+  text.reserve(24);
+  for (const Token& token : tokens_) {
+    switch (token.part) {
+      case Part::Literal: text += token.character; break;
+      case Part::Day: appendNumber(text, time.day, token.width); break;
+      case Part::Month: appendNumber(text, time.month, token.width); break;
+      case Part::Year: appendNumber(text, token.width > 2 ? time.year : time.year % 100, token.width); break;
+      case Part::Hour:
+        appendNumber(text, twelveHours_ ? (time.hour + 11) % 12 + 1 : time.hour, token.width);
+        break;
+      case Part::Minute: appendNumber(text, time.minute, token.width); break;
+      case Part::Second: appendNumber(text, time.second, token.width); break;
+      case Part::AmPm: text += time.hour < 12 ? "AM" : "PM"; break;
+    }
+  }
+  return text;
+}
+
+}  // namespace vmgv

@@ -1,0 +1,24 @@
+#include "support/automation/object.h"
+
+#include "support/automation/error.h"
+#include "support/automation/value.h"
+
+namespace vmgv {
+
+std::unique_ptr<Enumeration> Object::enumerate() {
+  throw Error(ErrorNumber::MemberNotFound, "A " + typeName() + " object is not a collection");
+}
+
+MemberId Member::resolve(Object& object, ClassId id) const {
+  const MemberId found = object.member(name_);
+  class_ = id;
+  id_ = found;
+  return found;
+}
+
+Object& ObjectRef::required() const {
+  if (!object_) throw Error(ErrorNumber::ObjectNotSet);
+  return *object_;
+}
+
+}  // namespace vmgv
