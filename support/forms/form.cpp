@@ -1,0 +1,71 @@
+#include "support/forms/form.h"
+
+#include "support/automation/class_table.h"
+#include "support/forms/window_port.h"
+
+namespace vmgv {
+
+Control* Form::find(std::string_view address) const {
+  const std::string wanted = lowerCase(address);
+  for (const auto& control : controls_) {
+    if (lowerCase(control->address()) == wanted) return control.get();
+  }
+  return nullptr;
+}
+
+void Form::setCaption(std::string caption) {
+  caption_ = std::move(caption);
+  changes_.formChanged = true;
+}
+
+void Form::setFont(Font font) {
+  font_ = std::move(font);
+  changes_.formChanged = true;
+}
+
+void Form::setPointer(Pointer pointer) {
+  pointer_ = pointer;
+  changes_.formChanged = true;
+}
+
+void Form::setSize(Size size) {
+  size_ = size;
+  changes_.formChanged = true;
+}
+
+void Form::layOut(WindowPort& window) { layout::arrange(*this, window); }
+
+void Form::closeByUser() {
+  if (onCloseByUser) {
+    onCloseByUser();
+  } else {
+    close();
+  }
+}
+
+bool Form::pressKey(Control* focused, Key key, int shift) {
+  if (focused && focused->onKeyDown && focused->onKeyDown(key, shift)) return true;
+  if (shift != 0 || (key != Key::Return && key != Key::Escape)) return false;
+  CommandButton* clicked = nullptr;
+  if (key == Key::Return) clicked = dynamic_cast<CommandButton*>(focused);
+  for (const auto& control : controls_) {
+    if (clicked) break;
+    auto* button = dynamic_cast<CommandButton*>(control.get());
+    if (button && (key == Key::Return ? button->isDefault : button->isCancel)) clicked = button;
+  }
+  if (!clicked || !clicked->enabled() || !clicked->visible()) return false;
+  clicked->click();
+  return true;
+}
+
+Form::Changes Form::takeChanges() {
+  for (Control* control : changes_.controls) control->pending_ = false;
+  return std::exchange(changes_, {});
+}
+
+void Form::noteChange(Control& control) {
+  if (std::exchange(control.pending_, true)) return;
+  changes_.controls.push_back(&control);
+}
+
+}  // namespace vmgv

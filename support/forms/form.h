@@ -1,0 +1,90 @@
+// A dialog's window: its controls by name, its structure, and whether it is open.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/forms/controls.h"
+
+namespace vmgv {
+
+class WindowPort;
+
+enum class Pointer : int { Default = 0, Hourglass = 11, ArrowHourglass = 13 };
+
+class Form {
+ public:
+  explicit Form(std::string name) : name_(std::move(name)) {}
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  // Controls are created in tab order.
+  template <class Kind>
+  Kind& add(std::string name, Container* container = nullptr, std::optional<int> index = {}) {
+    auto control = std::make_unique<Kind>(*this, std::move(name), container, index);
+    Kind& added = *control;
+    controls_.push_back(std::move(control));
+    return added;
+  }
+
+  const std::string& name() const noexcept { return name_; }
+  const std::vector<std::unique_ptr<Control>>& controls() const noexcept { return controls_; }
+  // By name and array index, as "cboSort(2)", whatever the case; null where there is none.
+  Control* find(std::string_view address) const;
+
+  const std::string& caption() const noexcept { return caption_; }
+  void setCaption(std::string caption);
+  const Font& font() const noexcept { return font_; }
+  void setFont(Font font);
+  Pointer pointer() const noexcept { return pointer_; }
+  void setPointer(Pointer pointer);
+  Size size() const noexcept { return size_; }  // of the inside, without title bar and border
+  void setSize(Size size);
+
+  layout::Node content;
+  // Turns the structure and the platform's natural sizes into rectangles, the smallest that fit.
+  // Code may move things afterwards.
+  void layOut(WindowPort& window);
+
+  // Modal life: open() before the platform shows it; the platform's loop ends once close() was called.
+  bool isOpen() const noexcept { return open_; }
+  void open() noexcept { open_ = true; }
+  void close() noexcept { open_ = false; }
+  // The user asked to close the window by its title bar.
+  void closeByUser();
+  std::function<void()> onCloseByUser;  // replaces the plain close()
+
+  // Where the user starts; null means the first control that takes the focus.
+  Control* initialFocus = nullptr;
+  // A key that the focused control (or null) did not use for itself: its own handler first, then Enter for
+  // the focused or default button and Esc for the cancel button. True where something used it.
+  bool pressKey(Control* focused, Key key, int shift = 0);
+
+  // The controls changed since the last call; the form's own changes are told by `formChanged`.
+  struct Changes {
+    bool formChanged = false;
+    std::vector<Control*> controls;
+    bool empty() const noexcept { return !formChanged && controls.empty(); }
+  };
+  Changes takeChanges();
+
+ private:
+  friend class Control;
+  void noteChange(Control& control);
+
+  std::string name_;
+  std::vector<std::unique_ptr<Control>> controls_;
+  std::string caption_;
+  Font font_;
+  Pointer pointer_ = Pointer::Default;
+  Size size_;
+  bool open_ = false;
+  Changes changes_;
+};
+
+// Everything that a form shows, as JSON: names, kinds, values, rectangles.
+std::string dump(const Form& form);
+
+}  // namespace vmgv

@@ -1,0 +1,219 @@
+#include "support/forms/layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "support/forms/window_port.h"
+
+namespace vmgv::layout {
+namespace {
+
+constexpr int kTwipsPerPoint = 20;
+constexpr double kUnitsPerFontSize = 0.6;  // a 9 point font spaces by 7 pixels at 96 dpi
+constexpr int kMarginUnits = 2;            // around the form
+constexpr int kPaddingUnits = 1;           // inside a frame
+
+// One run over a form: sizes upwards, then rectangles downwards.
+class Pass {
+ public:
+  Pass(const Form& form, WindowPort& window)
+      : window_(window), unit_(spacingUnit(form.font().size, window.pixel().width)) {}
+
+  int unit() const { return unit_; }
+
+  Size measure(const Node& node) {
+    switch (node.kind) {
+      case Node::Kind::Nothing:
+      case Node::Kind::Space: return {};
+      case Node::Kind::Item: return measureControl(*node.control);
+      case Node::Kind::Row: return measureRow(node);
+      case Node::Kind::Column: return measureColumn(node);
+    }
+    return {};
+  }
+
+  void place(const Node& node, Rect area) {
+    switch (node.kind) {
+      case Node::Kind::Nothing:
+      case Node::Kind::Space: break;
+      case Node::Kind::Item: placeControl(*node.control, area); break;
+      case Node::Kind::Row: placeRow(node, area); break;
+      case Node::Kind::Column: placeColumn(node, area); break;
+    }
+  }
+
+ private:
+  Insets insets(const Container& container) {
+    Insets border = window_.insets(container);
+    if (dynamic_cast<const Frame*>(&container)) {
+      const int padding = kPaddingUnits * unit_;
+      border.left += padding;
+      border.top += padding;
+      border.right += padding;
+      border.bottom += padding;
+    }
+    return border;
+  }
+
+  Size measureControl(Control& control) {
+    const Size natural = window_.naturalSize(control);
+    const auto* container = dynamic_cast<const Container*>(&control);
+    if (!container) return natural;
+    const Insets border = insets(*container);
+    const Size content = measure(container->content);
+    return {std::max(natural.width, content.width + border.left + border.right),
+            std::max(natural.height, content.height + border.top + border.bottom)};
+  }
+
+  std::vector<Size> measureAll(const Node& node) {
+    std::vector<Size> sizes;
+    sizes.reserve(node.children.size());
+    for (const Node& child : node.children) sizes.push_back(measure(child));
+    if (node.uniform) {
+      int widest = 0;
+      for (const Size& size : sizes) widest = std::max(widest, size.width);
+      for (std::size_t i = 0; i < sizes.size(); ++i) {
+        if (node.children[i].kind == Node::Kind::Item) sizes[i].width = widest;
+      }
+    }
+    return sizes;
+  }
+
+  // A space needs no gap around it.
+  int gaps(const Node& node) const {
+    const auto things = std::count_if(node.children.begin(), node.children.end(),
+                                      [](const Node& child) { return child.kind != Node::Kind::Space; });
+    return things > 1 ? static_cast<int>(things - 1) * node.gapUnits * unit_ : 0;
+  }
+
+  Size measureRow(const Node& node) {
+    Size total{gaps(node), 0};
+    for (const Size& size : measureAll(node)) {
+      total.width += size.width;
+      total.height = std::max(total.height, size.height);
+    }
+    return total;
+  }
+
+  Size measureColumn(const Node& node) {
+    Size total{0, gaps(node)};
+    for (const Size& size : measureAll(node)) {
+      total.width = std::max(total.width, size.width);
+      total.height += size.height;
+    }
+    return total;
+  }
+
+  // What each child gets of the room that is left over.
+  static std::vector<int> shares(const Node& node, int left) {
+    std::vector<int> result(node.children.size(), 0);
+    int factors = 0;
+    for (const Node& child : node.children) factors += child.stretchFactor;
+    for (std::size_t i = 0; i < result.size() && factors > 0 && left > 0; ++i) {
+      const int factor = node.children[i].stretchFactor;
+      result[i] = left * factor / factors;
+      left -= result[i];
+      factors -= factor;
+    }
+    return result;
+  }
+
+  void placeRow(const Node& node, Rect area) {
+    const std::vector<Size> sizes = measureAll(node);
+    int used = gaps(node);
+    for (const Size& size : sizes) used += size.width;
+    const std::vector<int> extra = shares(node, area.width - used);
+    int left = area.left;
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+      const Node& child = node.children[i];
+      const bool whole = child.fill || child.kind != Node::Kind::Item ||
+                         dynamic_cast<const Container*>(child.control) != nullptr;
+      const int height = whole ? area.height : std::min(sizes[i].height, area.height);
+      const int width = sizes[i].width + extra[i];
+      place(child, {left, area.top + snapped((area.height - height) / 2), width, height});
+      left += width + (child.kind == Node::Kind::Space ? 0 : node.gapUnits * unit_);
+    }
+  }
+
+  void placeColumn(const Node& node, Rect area) {
+    const std::vector<Size> sizes = measureAll(node);
+    int used = gaps(node);
+    for (const Size& size : sizes) used += size.height;
+    const std::vector<int> extra = shares(node, area.height - used);
+    int top = area.top;
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+      const int height = sizes[i].height + extra[i];
+      place(node.children[i], {area.left, top, area.width, height});
+      top += height + (node.children[i].kind == Node::Kind::Space ? 0 : node.gapUnits * unit_);
+    }
+  }
+
+  void placeControl(Control& control, Rect area) {
+    control.setRect(area);
+    const auto* container = dynamic_cast<const Container*>(&control);
+    if (!container) return;
+    const Insets border = insets(*container);
+    place(container->content, {border.left, border.top, area.width - border.left - border.right,
+                               area.height - border.top - border.bottom});
+  }
+
+  int snapped(int twips) const {
+    const int pixel = window_.pixel().height;
+    return twips / pixel * pixel;
+  }
+
+  WindowPort& window_;
+  int unit_;
+};
+
+}  // namespace
+
+Node item(Control& control) {
+  Node node;
+  node.kind = Node::Kind::Item;
+  node.control = &control;
+  return node;
+}
+
+Node row(std::vector<Node> children) {
+  Node node;
+  node.kind = Node::Kind::Row;
+  node.children = std::move(children);
+  return node;
+}
+
+Node column(std::vector<Node> children) {
+  Node node;
+  node.kind = Node::Kind::Column;
+  node.children = std::move(children);
+  return node;
+}
+
+Node space() {
+  Node node;
+  node.kind = Node::Kind::Space;
+  node.stretchFactor = 1;
+  return node;
+}
+
+Node buttons(std::vector<Control*> controls) {
+  Node node = row({space()});
+  for (Control* control : controls) node.children.push_back(item(*control));
+  node.uniform = true;
+  return node;
+}
+
+int spacingUnit(double points, int pixel) {
+  const int pixels = static_cast<int>(std::lround(points * kTwipsPerPoint * kUnitsPerFontSize / pixel));
+  return std::max(pixels, 2) * pixel;
+}
+
+void arrange(Form& form, WindowPort& window) {
+  Pass pass(form, window);
+  const int margin = kMarginUnits * pass.unit();
+  const Size inside = pass.measure(form.content);
+  pass.place(form.content, {margin, margin, inside.width, inside.height});
+  form.setSize({inside.width + 2 * margin, inside.height + 2 * margin});
+}
+
+}  // namespace vmgv::layout

@@ -1,0 +1,59 @@
+// The structure of a form: rows and columns of controls, turned into rectangles by one pass.
+//
+//   form.content = column({item(frame).stretch(), buttons({&ok, &cancel, &help})});
+//
+// Gaps and margins count in spacing units, which follow the form's font.
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "support/forms/geometry.h"
+
+namespace vmgv {
+
+class Control;
+class Form;
+class WindowPort;
+
+namespace layout {
+
+struct Node {
+  enum class Kind { Nothing, Item, Row, Column, Space };
+  Kind kind = Kind::Nothing;
+  Control* control = nullptr;  // of an Item
+  std::vector<Node> children;  // of a Row or Column
+  int gapUnits = 1;            // between the children
+  int stretchFactor = 0;       // share of what is left over along the parent's direction
+  bool uniform = false;        // a Row whose children are all as wide as the widest
+  bool fill = false;           // as high as its row, instead of centred in it
+
+  Node stretch(int factor = 1) && {
+    stretchFactor = factor;
+    return std::move(*this);
+  }
+  Node gap(int units) && {
+    gapUnits = units;
+    return std::move(*this);
+  }
+  Node filled() && {
+    fill = true;
+    return std::move(*this);
+  }
+};
+
+Node item(Control& control);
+Node row(std::vector<Node> children);
+Node column(std::vector<Node> children);
+Node space();  // takes what is left over
+// Equal buttons at the right end of a row.
+Node buttons(std::vector<Control*> controls);
+
+// The spacing unit for a font of `points`, in twips, rounded to whole pixels of `pixel` twips.
+int spacingUnit(double points, int pixel);
+
+// Gives every control of the form its rectangle and the form its size.
+void arrange(Form& form, WindowPort& window);
+
+}  // namespace layout
+}  // namespace vmgv
