@@ -101,7 +101,7 @@ class ClassTable {
     return entries_[static_cast<std::size_t>(id) - 1];
   }
   Error notFound(const std::string& name) const {
-    return {ErrorNumber::MemberNotFound, "A " + typeName_ + " object has no member " + name};
+    return {ErrorNumber::MemberNotFound, typeName_ + " has no member " + name};
   }
 
   std::string typeName_;

@@ -49,14 +49,13 @@ T toWhole(const Value& value) {
 
 }  // namespace
 
-Value plain(const Value& value) {
-  Value result = value;
+Value plain(Value value) {
   // A default member may answer with an object again; a chain this long has no end.
-  for (int depth = 0; result.isObject(); ++depth) {
+  for (int depth = 0; value.isObject(); ++depth) {
     if (depth == 16) throw Error(ErrorNumber::TypeMismatch);
-    result = result.object().item();
+    value = value.object().item();
   }
-  return result;
+  return value;
 }
 
 bool toBoolean(const Value& value) {

@@ -6,7 +6,7 @@
 namespace vmgv {
 
 std::unique_ptr<Enumeration> Object::enumerate() {
-  throw Error(ErrorNumber::MemberNotFound, "A " + typeName() + " object is not a collection");
+  throw Error(ErrorNumber::MemberNotFound, typeName() + " is not a collection");
 }
 
 MemberId Member::resolve(Object& object, ClassId id) const {

@@ -81,6 +81,7 @@ class Value {
     return std::get_if<T>(&held_);
   }
   const std::string& text() const { return std::get<std::string>(held_); }
+  std::string takeText() && { return std::move(std::get<std::string>(held_)); }
   // The object held; Error 424 where there is none, Error 91 where it is nothing.
   const ObjectRef& object() const;
 
