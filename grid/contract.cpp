@@ -1,0 +1,12 @@
+#include "grid/contract.h"
+
+#include "support/automation/convert.h"
+
+namespace vmgv {
+
+bool isNoPreviewColumn(const Value& previewColumn) {
+  const Value column = plain(previewColumn);
+  return column.isNull() || equals(column, "") || equals(column, 0.0);
+}
+
+}  // namespace vmgv
