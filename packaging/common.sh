@@ -2,8 +2,8 @@
 # Sourced with the working directory at the root of the checkout.
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libminizip-dev zlib1g-dev
-                libisal-dev fonts-dejavu-core)
-test_packages=(libgtest-dev python3-openpyxl clang-tidy)
+                libisal-dev fonts-dejavu-core libgtest-dev)
+test_packages=(python3-openpyxl clang-tidy)
 # Its package would drive out a LibreOffice with windows, so it is wanted only where there is none at all.
 command -v soffice >/dev/null || test_packages+=(libreoffice-calc-nogui)
 
@@ -50,12 +50,15 @@ ensure_packages() {
   fi
 }
 
-# build_preset PRESET: configures once (Ninja does it again when a CMake file changes) and builds.
+# build_preset PRESET [TARGET ...]: configures once (Ninja does it again when a CMake file changes) and builds
+# the targets, or all of them.
 build_preset() {
-  if [[ ! -f build/$1/build.ninja ]]; then
-    say "Configuring build/$1"
-    cmake --preset "$1" || die "CMake could not configure build/$1"
+  local preset=$1
+  shift
+  if [[ ! -f build/$preset/build.ninja ]]; then
+    say "Configuring build/$preset"
+    cmake --preset "$preset" || die "CMake could not configure build/$preset"
   fi
-  say "Building build/$1"
-  cmake --build --preset "$1" || die "the build of $1 failed"
+  say "Building build/$preset"
+  cmake --build --preset "$preset" ${@:+--target "$@"} || die "the build of $preset failed"
 }
