@@ -1,0 +1,26 @@
+// Rectangles of cells, and their names.
+#pragma once
+
+#include <string>
+
+namespace vmgv::workbook {
+
+// The limits of a worksheet.
+inline constexpr int kMaxRows = 1048576;
+inline constexpr int kMaxColumns = 16384;
+
+// Rows and columns count from 1; all four belong to the rectangle.
+struct Area {
+  int top = 1, left = 1, bottom = 1, right = 1;
+
+  static constexpr Area whole() { return {1, 1, kMaxRows, kMaxColumns}; }
+  bool isCell() const { return top == bottom && left == right; }
+  bool operator==(const Area&) const = default;
+};
+
+std::string columnLetters(int column);         // 28 is "AB"
+std::string cellName(int row, int column);     // "AB7"
+std::string areaName(const Area& area);        // "AB7" or "A3:L3"
+Area cellAt(long long row, long long column);  // Error 1004 outside the worksheet
+
+}  // namespace vmgv::workbook

@@ -1,0 +1,48 @@
+// A workbook's content: one worksheet and its styles, from the first cell to the finished file.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "adapters/workbook/sheet_stream.h"
+#include "adapters/workbook/styles.h"
+
+namespace vmgv::workbook {
+
+class Book {
+ public:
+  // `name` as the program shows it; working files go into `folder`.
+  Book(std::string name, const std::string& folder);
+
+  const std::string& name() const noexcept { return name_; }
+  const std::string& sheetName() const noexcept { return sheetName_; }
+  void setSheetName(const std::string& name);  // Error 1004 for a name that a worksheet cannot have
+
+  bool isOpen() const noexcept { return state_ != State::Closed; }
+  bool isPublished() const noexcept { return state_ == State::Published; }
+  // The sheet to change; Error 1004 where the workbook is complete or closed.
+  SheetStream& sheet() {
+    if (state_ != State::Filling) refuse();
+    return *sheet_;
+  }
+
+  // Writes the workbook to `path` in one step: where it fails nothing is left, and it may be tried again.
+  // Returns the number of rows.
+  std::int64_t publish(const std::string& path);
+  // Gives the content up, with its working files.
+  void close() noexcept;
+
+ private:
+  enum class State : std::uint8_t { Filling, Complete, Published, Closed };
+
+  [[noreturn]] void refuse() const;
+
+  std::string name_;
+  std::string sheetName_ = "Sheet1";
+  State state_ = State::Filling;
+  StyleTable styles_;
+  std::optional<SheetStream> sheet_;
+};
+
+}  // namespace vmgv::workbook

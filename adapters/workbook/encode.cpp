@@ -1,0 +1,189 @@
+// Escaping at eight bytes a step where the text is plain ASCII, character by character elsewhere.
+#include "adapters/workbook/encode.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+namespace vmgv::workbook {
+namespace {
+
+using Byte = unsigned char;
+
+constexpr std::uint64_t everyByte(Byte value) { return 0x0101010101010101u * value; }
+
+// Whether eight bytes go into XML as they are. Once all are ASCII, adding 0x7F sets a byte's high bit
+// unless the byte is 0, which the comparisons below use; 0x60 does the same for bytes from 0x20 on.
+bool allPlain(std::uint64_t bytes) {
+  constexpr std::uint64_t high = everyByte(0x80), most = everyByte(0x7F);
+  if (bytes & high) return false;
+  const std::uint64_t plain = (bytes + everyByte(0x60)) &
+                              (((bytes & ~everyByte(0x02)) ^ everyByte('<')) + most) &  // '<' and '>'
+                              ((bytes ^ everyByte('&')) + most) & ((bytes ^ everyByte('_')) + most);
+  return (plain & high) == high;
+}
+
+bool isPlain(Byte c) { return c >= 0x20 && c < 0x80 && c != '<' && c != '>' && c != '&' && c != '_'; }
+
+bool isHex(char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'); }
+
+bool looksLikeEscape(std::string_view text) {
+  return text.size() >= 7 && text[1] == 'x' && isHex(text[2]) && isHex(text[3]) && isHex(text[4]) &&
+         isHex(text[5]) && text[6] == '_';
+}
+
+char* put(char* out, std::string_view text) {
+  std::memcpy(out, text.data(), text.size());
+  return out + text.size();
+}
+
+char* putEscape(char* out, unsigned unit) {
+  static constexpr char digits[] = "0123456789ABCDEF";
+  *out++ = '_';
+  *out++ = 'x';
+  for (int shift = 12; shift >= 0; shift -= 4) *out++ = digits[unit >> shift & 15];
+  *out++ = '_';
+  return out;
+}
+
+struct Character {
+  char32_t code;  // 0 where the bytes are ill-formed
+  int length;     // bytes to step over
+};
+
+// A character from 0x80 on. Ill-formed bytes are stepped over as far as they began well (the Unicode
+// standard's "maximal subpart"), so that one broken character gives one replacement.
+Character decode(std::string_view text) {
+  const auto at = [&](std::size_t i) -> unsigned {
+    return i < text.size() ? static_cast<Byte>(text[i]) : 0u;
+  };
+  const unsigned lead = at(0);
+  unsigned low = 0x80, high = 0xBF;  // what the second byte may be
+  int length = 0;
+  char32_t code = 0;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2;
+    code = lead & 0x1F;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3;
+    code = lead & 0x0F;
+    if (lead == 0xE0) low = 0xA0;
+    if (lead == 0xED) high = 0x9F;  // no surrogates
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4;
+    code = lead & 0x07;
+    if (lead == 0xF0) low = 0x90;
+    if (lead == 0xF4) high = 0x8F;
+  }
+  for (int i = 1; i < length; ++i) {
+    const unsigned next = at(static_cast<std::size_t>(i));
+    if (next < low || next > high) return {0, i};
+    code = code << 6 | (next & 0x3F);
+    low = 0x80, high = 0xBF;
+  }
+  return {code, std::max(length, 1)};
+}
+
+bool isWide(char32_t code) {  // the blocks of East Asian scripts and pictographs, roughly
+  return (code >= 0x1100 && code <= 0x115F) || (code >= 0x2E80 && code <= 0xA4CF) ||
+         (code >= 0xAC00 && code <= 0xD7A3) || (code >= 0xF900 && code <= 0xFAFF) ||
+         (code >= 0xFF00 && code <= 0xFF60) || (code >= 0x1F300 && code <= 0x1FAFF) ||
+         (code >= 0x20000 && code <= 0x3FFFF);
+}
+
+}  // namespace
+
+char* encodeText(char* out, std::string_view text, TextShape& shape) {
+  const char* next = text.data();
+  const char* const end = next + text.size();
+  int width = 0;  // of the line so far
+  while (next != end) {
+    const char* const run = next;
+    for (std::uint64_t bytes; end - next >= 8; next += 8, out += 8) {
+      std::memcpy(&bytes, next, 8);
+      if (!allPlain(bytes)) break;
+      std::memcpy(out, &bytes, 8);
+    }
+    while (next != end && isPlain(static_cast<Byte>(*next))) *out++ = *next++;
+    width += static_cast<int>(next - run);
+
+    // Runs of other characters follow one another, as in Greek words.
+    for (; next != end && !isPlain(static_cast<Byte>(*next)); ++width) {
+      const std::string_view rest(next, static_cast<std::size_t>(end - next));
+      const auto byte = static_cast<Byte>(*next);
+      if (byte >= 0x80) {
+        const Character character = decode(rest);
+        if (character.code == 0) {
+          out = put(out, "\xEF\xBF\xBD");
+        } else if (character.code == 0xFFFE || character.code == 0xFFFF) {
+          out = putEscape(out, static_cast<unsigned>(character.code));
+        } else {
+          out = put(out, rest.substr(0, static_cast<std::size_t>(character.length)));
+          width += isWide(character.code);
+        }
+        next += character.length;
+        continue;
+      }
+      ++next;
+      switch (byte) {
+        case '&': out = put(out, "&amp;"); break;
+        case '<': out = put(out, "&lt;"); break;
+        case '>': out = put(out, "&gt;"); break;
+        case '_': out = looksLikeEscape(rest) ? putEscape(out, '_') : put(out, "_"); break;
+        case '\t': *out++ = '\t'; break;
+        case '\n':
+          *out++ = '\n';
+          ++shape.lines;
+          shape.widest = std::max(shape.widest, width);
+          width = -1;  // the loop counts the line feed itself
+          break;
+        default: out = putEscape(out, byte);  // a carriage return too: XML readers would drop it
+      }
+    }
+  }
+  shape.widest = std::max(shape.widest, width);
+  return out;
+}
+
+char* encodeNumber(char* out, double number) {
+  constexpr double kWhole = 1e15;
+  if (std::abs(number) < kWhole && number == std::trunc(number)) {
+    return std::to_chars(out, out + 32, static_cast<std::int64_t>(number)).ptr;
+  }
+  return std::to_chars(out, out + 32, number).ptr;
+}
+
+std::string attributeText(std::string_view text) {
+  std::string result(text.size() * kMaxGrowth, '\0');
+  TextShape shape;
+  result.resize(static_cast<std::size_t>(encodeText(result.data(), text, shape) - result.data()));
+  for (std::size_t at = 0; (at = result.find('"', at)) != std::string::npos;) result.replace(at, 1, "&quot;");
+  return result;
+}
+
+std::size_t utf16Units(std::string_view text) {
+  std::size_t units = 0;
+  while (!text.empty()) {
+    const Character character = static_cast<Byte>(text.front()) < 0x80 ? Character{U'a', 1} : decode(text);
+    units += character.length == 4 && character.code != 0 ? 2 : 1;
+    text.remove_prefix(static_cast<std::size_t>(character.length));
+  }
+  return units;
+}
+
+int wrappedLines(std::string_view text, double width) {
+  int lines = 0;
+  for (;;) {
+    const std::size_t feed = text.find('\n');
+    const std::string_view line = text.substr(0, feed);
+    const auto characters =
+        std::count_if(line.begin(), line.end(), [](char c) { return (static_cast<Byte>(c) & 0xC0) != 0x80; });
+    lines += std::max(1, static_cast<int>(std::ceil(static_cast<double>(characters) / width)));
+    if (feed == std::string_view::npos) return lines;
+    text.remove_prefix(feed + 1);
+  }
+}
+
+}  // namespace vmgv::workbook

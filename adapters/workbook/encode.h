@@ -1,0 +1,36 @@
+// Text and numbers in the words of the workbook's XML.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vmgv::workbook {
+
+inline constexpr std::string_view kXmlHead =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
+
+struct TextShape {
+  int lines = 1;
+  int widest = 0;  // characters of the longest line; East Asian ones count twice
+};
+
+// A byte of text becomes at most this many: a control character turns into "_x0001_".
+inline constexpr std::size_t kMaxGrowth = 7;
+
+// Writes the content of a <t> element and returns its end; `out` has room for kMaxGrowth * text.size().
+// Control characters and the two that XML forbids become _xHHHH_, a text that looks like such an escape
+// has its underscore escaped, and what is no UTF-8 (lone surrogates too) becomes U+FFFD.
+char* encodeText(char* out, std::string_view text, TextShape& shape);
+
+// The shortest digits that read back as the same number; at most 32 bytes.
+char* encodeNumber(char* out, double number);
+
+std::string attributeText(std::string_view text);  // for an attribute in double quotes
+
+std::size_t utf16Units(std::string_view text);  // ill-formed bytes count one each
+
+// How many lines the text takes where `width` characters fit on one.
+int wrappedLines(std::string_view text, double width);
+
+}  // namespace vmgv::workbook

@@ -1,0 +1,78 @@
+// One worksheet, filled from top to bottom: only the current row is in memory, those above it are packed.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "adapters/workbook/area.h"
+#include "adapters/workbook/cell.h"
+#include "adapters/workbook/package.h"
+#include "adapters/workbook/packed_stream.h"
+#include "adapters/workbook/styles.h"
+
+namespace vmgv::workbook {
+
+// A change to a row below the current one completes the current one; a change to a row above it is
+// Error 1004. Within the row cells come in any order and may be changed again. A failing write shows at the
+// change that caused it.
+class SheetStream {
+ public:
+  // Working files go into `folder`; Error where none can be made there.
+  SheetStream(StyleTable& styles, const std::string& folder);
+
+  void setValue(const Area& area, const Value& value);
+  Value value(const Area& area) const;
+  void setNumberFormat(const Area& area, std::string_view code);
+  const std::string& numberFormat(const Area& area) const;  // of its first cell
+  void setWrap(const Area& area, bool wrap);
+  bool wraps(const Area& area) const;
+  // Joins the cells of one row; the first content stays, in the first cell.
+  void merge(const Area& area);
+  void clearContents(const Area& area);
+  // The columns get the width of their longest line when the sheet is complete.
+  void autoFit(int firstColumn, int lastColumn);
+
+  // Completes the sheet, once; no change may follow.
+  void finish();
+  void writeTo(Package& package, const char* part) const;
+  std::int64_t rows() const noexcept { return rowCount_; }
+
+ private:
+  struct Column {
+    std::array<char, 3> letters{};
+    unsigned char letterCount = 0;
+    bool fitted = false;
+    int widest = 0;  // characters
+    Cell cell;       // of the current row where the cell's own row says so
+  };
+
+  template <class Change>
+  void change(const Area& area, Change&& change);
+  void reach(int row, int column);  // makes the row current and has a place for the column
+  Cell& cell(int row, int column);
+  const Cell* find(int row, int column) const;
+  void advanceTo(int row, int column);
+  void addColumns(int last);
+  void completeRow();
+  char* encodeCell(char* out, Column& column, std::string_view rowDigits, bool merged);
+  double rowHeight() const;  // 0 where programs may find it themselves
+  bool isMerged(int column) const;
+  std::string head() const;
+  void requireWhole() const;
+
+  StyleTable& styles_;
+  std::string folder_;
+  std::vector<Column> columns_;
+  std::vector<int> touched_;  // columns of the current row's cells, in the order of their first change
+  std::vector<Area> merges_;  // of the current row
+  int row_ = 0;               // the current one
+  int lastColumn_ = 0;        // of the rows completed
+  std::int64_t rowCount_ = 0;
+  PackedStream rows_;
+  std::optional<PackedStream> merged_, head_, tail_;
+};
+
+}  // namespace vmgv::workbook

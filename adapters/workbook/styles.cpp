@@ -1,0 +1,79 @@
+// Interning of number formats and the styles part.
+#include "adapters/workbook/styles.h"
+
+#include "adapters/workbook/encode.h"
+#include "support/automation/error.h"
+
+namespace vmgv::workbook {
+namespace {
+
+// Codes that the file format knows by number (ECMA-376 part 1, 18.8.30), in the table's first places.
+struct BuiltIn {
+  std::string_view code;
+  int id;
+};
+constexpr BuiltIn kBuiltIn[] = {
+    {"General", 0}, {"@", 49}, {kDayFormat, 14}, {kDayTimeFormat, 22}, {kTimeFormat, 21}};
+constexpr std::size_t kBuiltIns = std::size(kBuiltIn);
+constexpr int kFirstCustomId = 164;
+
+constexpr std::size_t kMaxFormats = 32000;  // two styles each: a workbook has at most 64,000
+constexpr std::size_t kMaxCode = 255;
+
+}  // namespace
+
+StyleTable::StyleTable() {
+  for (const BuiltIn& format : kBuiltIn) place(format.code);
+}
+
+Style StyleTable::withFormat(Style style, std::string_view code) {
+  if (codes_[last_] != code) last_ = place(code);
+  return static_cast<Style>(2 * last_ + (style & 1));
+}
+
+std::uint16_t StyleTable::place(std::string_view code) {
+  const auto [found, isNew] =
+      places_.try_emplace(std::string(code), static_cast<std::uint16_t>(codes_.size()));
+  if (!isNew) return found->second;
+  if (code.empty() || code.size() > kMaxCode || codes_.size() == kMaxFormats) {
+    places_.erase(found);
+    throw Error(ErrorNumber::Application,
+                codes_.size() == kMaxFormats
+                    ? "The workbook has no room for another number format"
+                    : "A number format has 1 to 255 characters, this one " + std::to_string(code.size()));
+  }
+  codes_.emplace_back(code);
+  return found->second;
+}
+
+std::string StyleTable::xml() const {
+  std::string custom, cells;
+  for (std::size_t i = 0; i < codes_.size(); ++i) {
+    const int id = i < kBuiltIns ? kBuiltIn[i].id : kFirstCustomId + static_cast<int>(i - kBuiltIns);
+    const std::string number = std::to_string(id);
+    if (i >= kBuiltIns) {
+      custom += "<numFmt numFmtId=\"" + number + "\" formatCode=\"" + attributeText(codes_[i]) + "\"/>";
+    }
+    const std::string format = "<xf numFmtId=\"" + number +
+                               "\" fontId=\"0\" fillId=\"0\" borderId=\"0\" xfId=\"0\"" +
+                               (id != 0 ? " applyNumberFormat=\"1\"" : "");
+    cells += format + "/>" + format + " applyAlignment=\"1\"><alignment wrapText=\"1\"/></xf>";
+  }
+  if (!custom.empty()) {
+    custom = "<numFmts count=\"" + std::to_string(codes_.size() - kBuiltIns) + "\">" + custom + "</numFmts>";
+  }
+  return "<styleSheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">" + custom +
+         "<fonts count=\"1\"><font><sz val=\"11\"/><name val=\"Calibri\"/><family val=\"2\"/></font></fonts>"
+         "<fills count=\"2\"><fill><patternFill patternType=\"none\"/></fill>"
+         "<fill><patternFill patternType=\"gray125\"/></fill></fills>"
+         "<borders count=\"1\"><border><left/><right/><top/><bottom/><diagonal/></border></borders>"
+         "<cellStyleXfs count=\"1\"><xf numFmtId=\"0\" fontId=\"0\" fillId=\"0\" "
+         "borderId=\"0\"/></cellStyleXfs>"
+         "<cellXfs count=\"" +
+         std::to_string(2 * codes_.size()) + "\">" + cells +
+         "</cellXfs>"
+         "<cellStyles count=\"1\"><cellStyle name=\"Normal\" xfId=\"0\" builtinId=\"0\"/></cellStyles>"
+         "</styleSheet>";
+}
+
+}  // namespace vmgv::workbook
