@@ -18,7 +18,9 @@ endif()
 add_library(vmg_options INTERFACE)
 target_include_directories(vmg_options INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(vmg_options INTERFACE -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-                                             -Werror=switch -Werror=return-type)
+                                             -Werror=switch -Werror=return-type
+                                             # designated initializers leave defaults on purpose
+                                             -Wno-missing-field-initializers)
 if(VMG_SANITIZE)
   target_compile_options(vmg_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                -fno-omit-frame-pointer)
