@@ -2,7 +2,8 @@
 # Sourced with the working directory at the root of the checkout.
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libminizip-dev zlib1g-dev
-                libisal-dev fonts-dejavu-core libgtest-dev)
+                libisal-dev fonts-dejavu-core
+                libgtest-dev libpugixml-dev python3)  # the tests' own, which configuring asks for
 test_packages=(python3-openpyxl clang-tidy)
 # Its package would drive out a LibreOffice with windows, so it is wanted only where there is none at all.
 command -v soffice >/dev/null || test_packages+=(libreoffice-calc-nogui)
