@@ -2,6 +2,7 @@
 #include "adapters/workbook/encode.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -25,7 +26,12 @@ bool allPlain(std::uint64_t bytes) {
   return (plain & high) == high;
 }
 
-bool isPlain(Byte c) { return c >= 0x20 && c < 0x80 && c != '<' && c != '>' && c != '&' && c != '_'; }
+constexpr std::array<bool, 256> kPlain = [] {
+  std::array<bool, 256> plain{};
+  for (std::size_t c = 0x20; c < 0x80; ++c) plain[c] = c != '<' && c != '>' && c != '&' && c != '_';
+  return plain;
+}();
+bool isPlain(char c) { return kPlain[static_cast<Byte>(c)]; }
 
 bool isHex(char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'); }
 
@@ -106,11 +112,11 @@ char* encodeText(char* out, std::string_view text, TextShape& shape) {
       if (!allPlain(bytes)) break;
       std::memcpy(out, &bytes, 8);
     }
-    while (next != end && isPlain(static_cast<Byte>(*next))) *out++ = *next++;
+    while (next != end && isPlain(*next)) *out++ = *next++;
     width += static_cast<int>(next - run);
 
     // Runs of other characters follow one another, as in Greek words.
-    for (; next != end && !isPlain(static_cast<Byte>(*next)); ++width) {
+    for (; next != end && !isPlain(*next); ++width) {
       const std::string_view rest(next, static_cast<std::size_t>(end - next));
       const auto byte = static_cast<Byte>(*next);
       if (byte >= 0x80) {

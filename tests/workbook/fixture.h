@@ -1,0 +1,87 @@
+// A folder of the test's own and an application that writes into it.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <functional>
+#include <set>
+#include <string>
+
+#include "adapters/workbook/application.h"
+#include "support/automation/error.h"
+#include "support/automation/value.h"
+#include "tests/workbook/workbook_file.h"
+
+namespace vmgv::test {
+
+class FolderHost final : public WorkbookHost {
+ public:
+  std::string targetPath() override { return target; }
+  void finished(const std::string& path, std::int64_t rows) override {
+    finishedPath = path;
+    finishedRows = rows;
+  }
+
+  std::string target;
+  std::string finishedPath;
+  std::int64_t finishedRows = -1;
+};
+
+class WorkbookTest : public testing::Test {
+ protected:
+  WorkbookTest() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "workbook-XXXXXX").string();
+    folder = mkdtemp(pattern.data());
+    host.target = folder + "/out.xlsx";
+  }
+  ~WorkbookTest() override { std::filesystem::remove_all(folder); }
+
+  // Begins a workbook; `sheet` is its sheet.
+  void begin() {
+    application = makeWorkbookApplication(host);
+    workbook = application.object("Workbooks").object("Add");
+    sheet = workbook.object("ActiveSheet");
+  }
+  void put(int row, int column, const Value& value) {
+    sheet.object("Cells", row, column).put("Value", value);
+  }
+  ObjectRef range(int row, int first, int last) {
+    return sheet.object("Range", sheet.object("Cells", row, first), sheet.object("Cells", row, last));
+  }
+  WorkbookFile publish() {
+    application.put("Visible", true);
+    return WorkbookFile(host.finishedPath);
+  }
+  std::set<std::string> folderContent() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      names.insert(entry.path().filename().string());
+    }
+    return names;
+  }
+
+  std::string folder;
+  FolderHost host;
+  ObjectRef application, workbook, sheet;
+};
+
+// The error that a step throws; number 0 where it throws none.
+inline Error errorOf(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const Error& error) {
+    return error;
+  }
+  return {0, "no error"};
+}
+
+#define EXPECT_ERROR(expected, words, step)                                                              \
+  do {                                                                                                   \
+    const Error thrown = errorOf([&] { step; });                                                         \
+    EXPECT_EQ(expected, thrown.number()) << thrown.description();                                        \
+    EXPECT_NE(std::string(thrown.description()).find(words), std::string::npos) << thrown.description(); \
+  } while (false)
+
+}  // namespace vmgv::test

@@ -1,0 +1,92 @@
+// Reads a workbook by minizip's unzip, which checks every part's CRC, and pugixml.
+#include "tests/workbook/workbook_file.h"
+
+#include <minizip/unzip.h>
+
+#include <memory>
+#include <pugixml.hpp>
+#include <stdexcept>
+
+namespace vmgv::test {
+namespace {
+
+void require(bool holds, const std::string& what) {
+  if (!holds) throw std::runtime_error(what);
+}
+
+std::map<std::string, std::string> readParts(const std::string& path) {
+  const std::unique_ptr<void, int (*)(unzFile)> zip(unzOpen64(path.c_str()), unzClose);
+  require(zip != nullptr, path + " is no zip file");
+  std::map<std::string, std::string> parts;
+  for (int result = unzGoToFirstFile(zip.get()); result == UNZ_OK; result = unzGoToNextFile(zip.get())) {
+    char name[256];
+    unz_file_info64 info;
+    require(unzGetCurrentFileInfo64(zip.get(), &info, name, sizeof name, nullptr, 0, nullptr, 0) == UNZ_OK &&
+                unzOpenCurrentFile(zip.get()) == UNZ_OK,
+            "unreadable entry");
+    std::string text(info.uncompressed_size, '\0');
+    const int count = unzReadCurrentFile(zip.get(), text.data(), static_cast<unsigned>(text.size()));
+    char beyond = 0;
+    require(count == static_cast<int>(text.size()) && unzReadCurrentFile(zip.get(), &beyond, 1) == 0,
+            std::string(name) + " has another size than stated");
+    require(unzCloseCurrentFile(zip.get()) == UNZ_OK, std::string(name) + " has a wrong CRC");
+    require(parts.emplace(name, text).second, std::string(name) + " is there twice");
+  }
+  return parts;
+}
+
+pugi::xml_document parse(const std::string& xml, const std::string& part) {
+  pugi::xml_document document;
+  require(document.load_buffer(xml.data(), xml.size(), pugi::parse_default | pugi::parse_ws_pcdata),
+          part + " is not well-formed");
+  return document;
+}
+
+}  // namespace
+
+WorkbookFile::WorkbookFile(const std::string& path) : parts(readParts(path)) {
+  for (const auto& [name, xml] : parts) parse(xml, name);
+
+  sheetName = parse(parts.at("xl/workbook.xml"), "workbook")
+                  .child("workbook")
+                  .child("sheets")
+                  .child("sheet")
+                  .attribute("name")
+                  .value();
+
+  const auto styles = parse(parts.at("xl/styles.xml"), "styles");
+  std::map<int, std::string> codes{
+      {0, "General"}, {14, "date"}, {21, "time"}, {22, "date and time"}, {49, "@"}};
+  for (const auto format : styles.child("styleSheet").child("numFmts")) {
+    codes[format.attribute("numFmtId").as_int()] = format.attribute("formatCode").value();
+  }
+  std::vector<pugi::xml_node> formats;
+  for (const auto format : styles.child("styleSheet").child("cellXfs")) formats.push_back(format);
+
+  const auto document = parse(parts.at("xl/worksheets/sheet1.xml"), "sheet");
+  const auto sheet = document.child("worksheet");
+  dimension = sheet.child("dimension").attribute("ref").value();
+  for (const auto column : sheet.child("cols")) {
+    for (int i = column.attribute("min").as_int(); i <= column.attribute("max").as_int(); ++i) {
+      widths[i] = column.attribute("width").as_double();
+    }
+  }
+  for (const auto row : sheet.child("sheetData")) {
+    if (row.attribute("ht")) heights[row.attribute("r").as_int()] = row.attribute("ht").as_double();
+    for (const auto c : row) {
+      const auto inlined = c.child("is").child("t");
+      const auto format = formats.at(c.attribute("s").as_uint());
+      FileCell cell;
+      cell.type = c.attribute("t").value();
+      cell.text = inlined ? inlined.text().get() : c.child("v").text().get();
+      cell.format = codes.at(format.attribute("numFmtId").as_int());
+      cell.wraps = format.child("alignment").attribute("wrapText").as_bool();
+      cell.keepsBlanks = std::string(inlined.attribute("xml:space").value()) == "preserve";
+      order.push_back(c.attribute("r").value());
+      require(cells.emplace(order.back(), cell).second, order.back() + " is there twice");
+    }
+  }
+  for (const auto merge : sheet.child("mergeCells")) merges.push_back(merge.attribute("ref").value());
+}
+
+}  // namespace vmgv::test
