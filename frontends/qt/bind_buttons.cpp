@@ -1,0 +1,104 @@
+// Push buttons, check boxes and option buttons.
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionButton>
+#include <algorithm>
+
+#include "frontends/qt/binding.h"
+
+namespace vmgv {
+namespace {
+
+constexpr int kComfortableLetters = 13;  // width of a push button with a short word on it
+
+class PushBinding final : public BindingOf<CommandButton, QPushButton> {
+ public:
+  PushBinding(CommandButton& button, QWidget& parent, UserActs& acts) : BindingOf(button, parent) {
+    view_.setAutoDefault(false);
+    QObject::connect(&view_, &QPushButton::clicked, &view_,
+                     [this, &acts] { acts.run([this] { control_.click(); }); });
+  }
+
+  // Styles widen every button for a word; one that shows a sign is better as narrow as the sign.
+  QSize naturalSize() const override {
+    const QSize hint = view_.sizeHint();
+    const QFontMetrics metrics = view_.fontMetrics();
+    const QString caption = qt(control_.caption());
+    if (std::any_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetter(); })) {
+      return {std::max(hint.width(), kComfortableLetters * metrics.averageCharWidth()), hint.height()};
+    }
+    const int border = 2 * view_.style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, &view_);
+    return {std::max(hint.height(), metrics.horizontalAdvance(caption) + border), hint.height()};
+  }
+
+ protected:
+  void followContent() override {
+    view_.setText(plainCaption(control_.caption()));
+    view_.setDefault(control_.isDefault);
+  }
+};
+
+// A check box or option button answers to clicks on its indicator; the widget may be wider than its text.
+QPoint indicatorOf(const QAbstractButton& button, QStyle::SubElement element) {
+  QStyleOptionButton option;
+  option.initFrom(&button);
+  return button.style()->subElementRect(element, &option, &button).center();
+}
+
+class CheckBinding final : public BindingOf<CheckBox, QCheckBox> {
+ public:
+  CheckBinding(CheckBox& box, QWidget& parent, UserActs& acts) : BindingOf(box, parent) {
+    QObject::connect(&view_, &QCheckBox::clicked, &view_, [this, &acts] {
+      acts.run([this] {
+        control_.click();
+        followContent();  // where the model did not take what the widget already shows
+      });
+    });
+  }
+
+  QPoint target() const override { return indicatorOf(view_, QStyle::SE_CheckBoxIndicator); }
+
+ protected:
+  void followContent() override {
+    view_.setText(plainCaption(control_.caption()));
+    view_.setTristate(control_.value() == 2);
+    view_.setCheckState(control_.value() == 2   ? Qt::PartiallyChecked
+                        : control_.value() == 1 ? Qt::Checked
+                                                : Qt::Unchecked);
+  }
+};
+
+class OptionBinding final : public BindingOf<OptionButton, QRadioButton> {
+ public:
+  OptionBinding(OptionButton& button, QWidget& parent, UserActs& acts) : BindingOf(button, parent) {
+    QObject::connect(&view_, &QRadioButton::clicked, &view_,
+                     [this, &acts] { acts.run([this] { control_.click(); }); });
+  }
+
+  QPoint target() const override { return indicatorOf(view_, QStyle::SE_RadioButtonIndicator); }
+
+ protected:
+  void followContent() override {
+    view_.setText(plainCaption(control_.caption()));
+    if (view_.isChecked() == control_.value()) return;
+    // Qt keeps one button of a group checked; a group without a selection needs that rule lifted.
+    view_.setAutoExclusive(control_.value());
+    view_.setChecked(control_.value());
+    view_.setAutoExclusive(true);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Binding> bind(CommandButton& button, QWidget& parent, UserActs& acts) {
+  return std::make_unique<PushBinding>(button, parent, acts);
+}
+std::unique_ptr<Binding> bind(CheckBox& box, QWidget& parent, UserActs& acts) {
+  return std::make_unique<CheckBinding>(box, parent, acts);
+}
+std::unique_ptr<Binding> bind(OptionButton& button, QWidget& parent, UserActs& acts) {
+  return std::make_unique<OptionBinding>(button, parent, acts);
+}
+
+}  // namespace vmgv

@@ -1,0 +1,158 @@
+#include "frontends/qt/form_window.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <algorithm>
+
+#include "frontends/qt/keys.h"
+
+namespace vmgv {
+namespace {
+
+Qt::CursorShape cursorShape(Pointer pointer) {
+  switch (pointer) {
+    case Pointer::Default: return Qt::ArrowCursor;
+    case Pointer::Hourglass: return Qt::WaitCursor;
+    case Pointer::ArrowHourglass: return Qt::BusyCursor;
+  }
+  return Qt::ArrowCursor;
+}
+
+// Keys that belong to a widget itself as long as no handler of the form's wants them.
+bool isRouted(Key key) { return key == Key::Return || key == Key::Escape; }
+
+// Of a group of option buttons the selected one is the stop.
+bool selectedSibling(const Control& control) {
+  const auto* option = dynamic_cast<const OptionButton*>(&control);
+  const auto& all = control.form().controls();
+  return option && !option->value() && std::any_of(all.begin(), all.end(), [option](const auto& other) {
+           const auto* sibling = dynamic_cast<const OptionButton*>(other.get());
+           return sibling && sibling->container() == option->container() && sibling->value();
+         });
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, UserActs& acts, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowCloseButtonHint),
+      form_(form),
+      acts_(acts),
+      units_(Units::ofScreen()) {
+  setWindowModality(Qt::ApplicationModal);
+  setAttribute(Qt::WA_QuitOnClose, false);
+  setObjectName(qt(form.name()));
+  for (const auto& control : form.controls()) {
+    QWidget& around = control->container() ? binding(*control->container()).widget() : *this;
+    auto bound = bindAny(*control, around, acts);
+    bound->widget().installEventFilter(this);
+    controls_[&bound->widget()] = control.get();
+    bindings_[control.get()] = std::move(bound);
+  }
+  for (const auto& control : form.controls()) {
+    const auto* label = dynamic_cast<const Label*>(control.get());
+    if (label && label->buddy) {
+      static_cast<QLabel&>(binding(*label).widget()).setBuddy(&binding(*label->buddy).widget());
+    }
+  }
+  form.takeChanges();
+  followForm();
+  for (const auto& control : form.controls()) binding(*control).follow(units_);
+  orderTabs();
+}
+
+// The widgets report nothing while they go.
+FormWindow::~FormWindow() {
+  for (const auto& [widget, control] : controls_) const_cast<QObject*>(widget)->removeEventFilter(this);
+}
+
+Control* FormWindow::focusedControl() const {
+  const auto found = controls_.find(focusWidget());
+  return found == controls_.end() ? nullptr : found->second;
+}
+
+void FormWindow::follow() {
+  const Form::Changes changes = form_.takeChanges();
+  if (changes.formChanged) followForm();
+  for (const Control* control : changes.controls) binding(*control).follow(units_);
+  if (!form_.isOpen()) {
+    hide();
+    loop_.quit();
+  }
+}
+
+void FormWindow::followForm() {
+  setWindowTitle(qt(form_.caption()));
+  setFont(qtFont(form_.font()));
+  setFixedSize(units_.pixels(form_.size()));
+  if (form_.pointer() == Pointer::Default) {
+    unsetCursor();
+  } else {
+    setCursor(cursorShape(form_.pointer()));
+  }
+}
+
+void FormWindow::orderTabs() {
+  QWidget* before = nullptr;
+  for (const auto& control : form_.controls()) {
+    if (!control->focusable()) continue;
+    QWidget* widget = &binding(*control).widget();
+    if (before) setTabOrder(before, widget);
+    before = widget;
+  }
+}
+
+// Where the form says, else at the first stop.
+void FormWindow::focusFirst() {
+  if (form_.initialFocus) return binding(*form_.initialFocus).widget().setFocus(Qt::TabFocusReason);
+  for (const auto& control : form_.controls()) {
+    QWidget& widget = binding(*control).widget();
+    if (control->focusable() && widget.isEnabled() && !widget.isHidden() && !selectedSibling(*control)) {
+      return widget.setFocus(Qt::TabFocusReason);
+    }
+  }
+}
+
+void FormWindow::run() {
+  focusFirst();
+  show();
+  follow();
+  if (form_.isOpen()) loop_.exec();
+  hide();
+}
+
+void FormWindow::reject() { close(); }
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // the model says when the window goes
+  acts_.run([this] {
+    if (form_.isOpen()) form_.closeByUser();
+  });
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto found = controls_.find(watched);
+    if (found != controls_.end() && pressKey(found->second, static_cast<const QKeyEvent&>(*event)))
+      return true;
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+bool FormWindow::pressKey(Control* focused, const QKeyEvent& event) {
+  const std::optional<Key> key = formKey(event);
+  if (!key) return false;
+  bool used = false;
+  acts_.run([&] { used = form_.pressKey(focused, *key, shiftState(event.modifiers())); });
+  return used || isRouted(*key);
+}
+
+// What no control was asked about: without a focus the form itself gets the keys. Qt's own Enter and Esc
+// would click and close behind the model's back.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  if (!focusedControl() && pressKey(nullptr, *event)) return;
+  const std::optional<Key> key = formKey(*event);
+  if (!key || !isRouted(*key)) QDialog::keyPressEvent(event);
+}
+
+}  // namespace vmgv

@@ -1,0 +1,199 @@
+// What the user of a Qt desktop does and sees.
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <filesystem>
+
+#include "frontends/common/utf8.h"
+#include "frontends/qt/form_window.h"
+#include "frontends/qt/gestures.h"
+#include "frontends/qt/keys.h"
+#include "frontends/qt/qt_desktop.h"
+#include "support/automation/error.h"
+
+namespace vmgv {
+namespace {
+
+QPoint centre(const QWidget& widget) { return widget.rect().center(); }
+
+void requireFocusable(const Control& control) {
+  if (!control.focusable()) throw CannotDo(control.address() + " does not take the focus");
+}
+
+// A list that is still dropped down would get the events of what comes next.
+void closePopups() {
+  if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+}
+
+// What the user types on a keyboard with Latin letters.
+QString textOf(Key key, int shift) {
+  const auto code = static_cast<int>(key);
+  if (shift & (kControl | kAlt)) return {};
+  if (key == Key::Space || (code >= '0' && code <= '9')) return QChar(code);
+  if (code >= 'A' && code <= 'Z') return QChar(shift & kShift ? code : code + 32);
+  return {};
+}
+
+// From the end that is nearer.
+void walkTo(QWidget& list, int entry, int count) {
+  const bool down = entry < count / 2;
+  gestures::press(list, down ? Qt::Key_Home : Qt::Key_End);
+  for (int steps = down ? entry : count - 1 - entry; steps > 0; --steps) {
+    gestures::press(list, down ? Qt::Key_Down : Qt::Key_Up);
+  }
+}
+
+}  // namespace
+
+// A form that was closed while its program still works takes nothing any more.
+Form* QtDesktop::form() {
+  FormWindow* top = shown_.empty() ? nullptr : shown_.back().window;
+  return top && top->form().isOpen() ? &top->form() : nullptr;
+}
+
+const Box* QtDesktop::box() {
+  return shown_.empty() || !shown_.back().box ? nullptr : &shown_.back().box->box;
+}
+
+FormWindow& QtDesktop::topWindow() {
+  if (form()) return *shown_.back().window;
+  throw CannotDo(box() ? "a box is on top" : "no dialog is shown");
+}
+
+QtDesktop::OpenBox& QtDesktop::topBox(Box::Kind kind) {
+  const char* const wanted = kind == Box::Kind::Message ? "message" : "file picker";
+  if (!box() || box()->kind != kind) throw CannotDo(std::string("no ") + wanted + " is on top");
+  return *shown_.back().box;
+}
+
+Binding& QtDesktop::bindingOnTop(Control& control) {
+  FormWindow& window = topWindow();
+  if (&window.form() != &control.form()) throw CannotDo(control.form().name() + " is not on top");
+  requireUsable(control);
+  followAll();
+  closePopups();
+  // Without a window manager, and right after it was shown, no window is active; widgets need one that is.
+  if (!window.isActiveWindow()) QApplication::setActiveWindow(&window);
+  return window.binding(control);
+}
+
+void QtDesktop::click(Control& control) {
+  const Binding& binding = bindingOnTop(control);
+  if (!control.focusable()) {
+    throw CannotDo(control.address() + ", a " + std::string(control.typeName()) +
+                   ", does not react to clicks");
+  }
+  gestures::click(binding.widget(), binding.target());
+}
+
+void QtDesktop::doubleClick(Control& control) {
+  const Binding& binding = bindingOnTop(control);
+  requireFocusable(control);
+  gestures::doubleClick(binding.widget(), binding.target());
+}
+
+// Drops the list down by the keyboard, walks to the entry and takes it.
+void QtDesktop::choose(Control& control, int entry) {
+  focus(control);
+  auto* combo = qobject_cast<QComboBox*>(&bindingOnTop(control).widget());
+  if (!combo) throw CannotDo(control.address() + " is no list");
+  if (entry < 0 || entry >= combo->count()) {
+    throw CannotDo(control.address() + " has " + std::to_string(combo->count()) + " entries, none at " +
+                   std::to_string(entry));
+  }
+  gestures::press(*combo, Qt::Key_Down, Qt::AltModifier);
+  walkTo(*combo->view(), entry, combo->count());
+  gestures::press(*combo->view(), Qt::Key_Return);
+}
+
+void QtDesktop::enter(Control& control, const std::string& text) {
+  focus(control);
+  auto* field = qobject_cast<QLineEdit*>(&bindingOnTop(control).widget());
+  if (!field) throw CannotDo(control.address() + " is no field");
+  if (text.find_first_of("\r\n") != std::string::npos) throw CannotDo(control.address() + " takes one line");
+  if (!isUtf8(text)) throw CannotDo("the text is not UTF-8");
+  gestures::press(*field, Qt::Key_A, Qt::ControlModifier);
+  if (text.empty()) gestures::press(*field, Qt::Key_Delete);
+  gestures::type(*field, qt(text));
+  if (form() == &control.form()) gestures::press(*field, Qt::Key_Tab);
+}
+
+void QtDesktop::press(Control& control, Key key, int shift) {
+  focus(control);
+  const bool back = key == Key::Tab && (shift & kShift);
+  gestures::press(bindingOnTop(control).widget(), back ? Qt::Key_Backtab : qtKey(key), qtModifiers(shift),
+                  textOf(key, shift));
+}
+
+// By the Tab key, as far as it leads; the members of a group of option buttons are no stops of their own.
+void QtDesktop::focus(Control& control) {
+  QWidget& widget = bindingOnTop(control).widget();
+  requireFocusable(control);
+  FormWindow& window = topWindow();
+  for (std::size_t stops = window.form().controls().size(); stops > 0 && window.focusWidget() != &widget;
+       --stops) {
+    QWidget* from = window.focusWidget();
+    gestures::press(from ? *from : window, Qt::Key_Tab);
+  }
+  if (window.focusWidget() != &widget) widget.setFocus(Qt::TabFocusReason);
+}
+
+Control* QtDesktop::focused() {
+  if (!form()) return nullptr;
+  followAll();
+  return topWindow().focusedControl();
+}
+
+void QtDesktop::resize(Size size) {
+  FormWindow& window = topWindow();
+  if (size.width < 1 || size.height < 1) throw CannotDo("a window has a width and a height");
+  window.form().setSize(size);
+  followAll();
+}
+
+void QtDesktop::closeWindow() {
+  FormWindow& window = topWindow();
+  closePopups();
+  window.close();
+}
+
+void QtDesktop::answer(MessageResult result) {
+  const OpenBox& open = topBox(Box::Kind::Message);
+  for (const auto& [answer, button] : open.buttons) {
+    if (answer == result) return gestures::click(*button, centre(*button));
+  }
+  throw CannotDo(std::string("the message has ") +
+                 (open.box.style == MessageStyle::Question ? "Yes and No" : "OK") + " only");
+}
+
+void QtDesktop::pick(const std::optional<std::string>& path) {
+  QDialog& picker = topBox(Box::Kind::File).dialog;
+  std::error_code failed;
+  if (path && !std::filesystem::is_regular_file(*path, failed)) throw CannotDo("there is no file " + *path);
+  auto* buttons = picker.findChild<QDialogButtonBox*>();
+  auto* name = picker.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+  if (!buttons || !name) throw CannotDo("this file picker can only be answered by a person");
+  if (path) {
+    gestures::press(*name, Qt::Key_A, Qt::ControlModifier);
+    gestures::insert(*name, qt(std::filesystem::absolute(*path).string()));
+    closePopups();  // the names that complete it
+  }
+  QPushButton* button = buttons->button(path ? QDialogButtonBox::Open : QDialogButtonBox::Cancel);
+  gestures::click(*button, centre(*button));
+}
+
+void QtDesktop::picture(const std::string& path) {
+  followAll();
+  QWidget* shown = owner();
+  if (!shown) throw CannotDo("there is no window to take a picture of");
+  QCoreApplication::sendPostedEvents();
+  if (!shown->grab().save(qt(path), "PNG")) {
+    throw Error(ErrorNumber::PathAccess, "The picture " + path + " cannot be written");
+  }
+}
+
+}  // namespace vmgv

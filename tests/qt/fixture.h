@@ -1,0 +1,118 @@
+// A form with one control of each kind, and a user who acts on it step by step.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <exception>
+#include <functional>
+#include <vector>
+
+#include "frontends/qt/qt_desktop.h"
+
+namespace vmgv {
+
+class Steps final : public IdleHandler {
+ public:
+  using Step = std::function<void()>;
+  Steps(QtDesktop& desktop, std::vector<Step> steps) : desktop_(desktop), steps_(std::move(steps)) {
+    desktop_.setIdleHandler(this);
+  }
+  ~Steps() override {
+    desktop_.setIdleHandler(nullptr);
+    EXPECT_EQ(next_, steps_.size()) << "steps that nothing waited for";
+  }
+
+  Step whileWorking;
+
+  bool waiting() override {
+    if (next_ == steps_.size()) return false;
+    carryOut(steps_[next_++]);
+    return true;
+  }
+  void yielding() override {
+    if (whileWorking) carryOut(whileWorking);
+  }
+
+ private:
+  static void carryOut(const Step& step) {
+    try {
+      step();
+    } catch (const std::exception& error) {
+      ADD_FAILURE() << error.what();
+    }
+  }
+
+  QtDesktop& desktop_;
+  std::vector<Step> steps_;
+  std::size_t next_ = 0;
+};
+
+struct SampleForm : Form {
+  SampleForm() : Form("frmSample") {
+    for (const char* entry : {"one", "two", "three"}) combo.addItem(entry);
+    frame.setCaption("Ταξινόμηση κατά...");
+    option(0).setCaption("Αύξουσα σειρά");
+    option(1).setCaption("Φθίνουσα σειρά");
+    check.setCaption("Εξαγωγή γραμμής προεπισκόπησης");
+    label.setCaption("Tom & Jerry");
+    cmdBrowse.setCaption("...");
+    cmdOK.setCaption("OK");
+    cmdCancel.setCaption("Άκυρο");
+    cmdOK.isDefault = true;
+    cmdCancel.isCancel = true;
+    cmdOK.onClick = [this] { note("ok"), close(); };
+    cmdCancel.onClick = [this] { note("cancel"), close(); };
+    check.onClick = [this] { note("check " + std::to_string(check.value())); };
+    combo.onClick = [this] { note("combo " + std::to_string(combo.listIndex())); };
+    text.onChange = [this] { note("text " + text.text()); };
+    for (int i = 0; i < 2; ++i) option(i).onClick = [this, i] { note("option " + std::to_string(i)); };
+    group.content = layout::column({layout::item(option(0)), layout::item(option(1))});
+    frame.content = layout::row({layout::item(combo).stretch(), layout::item(group)});
+    content = layout::column(
+        {layout::item(frame), layout::item(check),
+         layout::row({layout::item(label), layout::item(text).stretch(), layout::item(cmdBrowse)}),
+         layout::item(line), layout::item(bar), layout::buttons({&cmdOK, &cmdCancel})});
+    open();
+  }
+  void note(const std::string& event) { events += (events.empty() ? "" : ", ") + event; }
+  OptionButton& option(int i) { return i == 0 ? ascending : descending; }
+
+  std::string events;
+  Frame& frame = add<Frame>("frame");
+  ComboBox& combo = add<ComboBox>("combo", &frame);
+  PictureBox& group = add<PictureBox>("group", &frame);
+  OptionButton& ascending = add<OptionButton>("option", &group, 0);
+  OptionButton& descending = add<OptionButton>("option", &group, 1);
+  CheckBox& check = add<CheckBox>("check");
+  Label& label = add<Label>("label");
+  TextBox& text = add<TextBox>("text");
+  CommandButton& cmdBrowse = add<CommandButton>("cmdBrowse");
+  Line& line = add<Line>("line");
+  ProgressBar& bar = add<ProgressBar>("bar");
+  CommandButton& cmdOK = add<CommandButton>("cmdOK");
+  CommandButton& cmdCancel = add<CommandButton>("cmdCancel");
+};
+
+class QtTest : public testing::Test {
+ protected:
+  // Shows the form and lets the steps act on it one after the other; what is left open is closed.
+  void play(Form& form, std::vector<Steps::Step> steps) {
+    form.layOut(desktop);
+    Steps user(desktop, std::move(steps));
+    desktop.showModal(form);
+  }
+
+  QtDesktop desktop;
+};
+
+// The widget of a control on the dialog that is shown.
+template <class Widget>
+Widget& shownWidget(const Control& control) {
+  auto* dialog = QApplication::activeModalWidget();
+  auto* widget = dialog ? dialog->findChild<Widget*>(qt(control.address())) : nullptr;
+  if (!widget) throw std::logic_error(control.address() + " is not shown");
+  return *widget;
+}
+
+}  // namespace vmgv

@@ -1,0 +1,14 @@
+// Runs the tests inside a Qt application without a screen.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFont>
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+  return RUN_ALL_TESTS();
+}
