@@ -12,25 +12,25 @@
 namespace vmgv::workbook {
 namespace {
 
-// minizip's file functions over the open replacement file. They say "failed" and leave the reason in errno.
-voidpf openFile(voidpf file, const void*, int) { return file; }
+// minizip's file functions. They always report success and keep the first error aside: minizip leaks an
+// entry whose writing it sees fail.
+Package& of(voidpf package) { return *static_cast<Package*>(package); }
+voidpf openFile(voidpf package, const void*, int) { return package; }
 uLong readFile(voidpf, voidpf, void*, uLong) { return 0; }
-uLong writeFile(voidpf, voidpf file, const void* bytes, uLong size) {
-  const int error = static_cast<File*>(file)->write({static_cast<const char*>(bytes), size});
-  errno = error;
-  return error == 0 ? size : 0;
+uLong writeFile(voidpf, voidpf package, const void* bytes, uLong size) {
+  of(package).write({static_cast<const char*>(bytes), size});
+  return size;
 }
-ZPOS64_T tellFile(voidpf, voidpf file) {
-  return static_cast<ZPOS64_T>(lseek(static_cast<File*>(file)->descriptor(), 0, SEEK_CUR));
-}
-long seekFile(voidpf, voidpf file, ZPOS64_T offset, int origin) {
+ZPOS64_T tellFile(voidpf, voidpf package) { return of(package).seek(0, SEEK_CUR); }
+long seekFile(voidpf, voidpf package, ZPOS64_T offset, int origin) {
   const int whence = origin == ZLIB_FILEFUNC_SEEK_SET   ? SEEK_SET
                      : origin == ZLIB_FILEFUNC_SEEK_CUR ? SEEK_CUR
                                                         : SEEK_END;
-  return lseek(static_cast<File*>(file)->descriptor(), static_cast<off_t>(offset), whence) < 0 ? -1 : 0;
+  of(package).seek(static_cast<std::int64_t>(offset), whence);
+  return 0;
 }
 int closeFile(voidpf, voidpf) { return 0; }  // the replacement file closes itself
-int fileError(voidpf, voidpf) { return errno; }
+int fileError(voidpf, voidpf) { return 0; }
 
 constexpr std::uint64_t kZip64From = 0xffffffff;  // sizes that the classic fields cannot hold
 
@@ -38,7 +38,7 @@ constexpr std::uint64_t kZip64From = 0xffffffff;  // sizes that the classic fiel
 
 Package::Package(ReplacementFile& file) : file_(file) {
   zlib_filefunc64_def functions{openFile, readFile,  writeFile, tellFile,
-                                seekFile, closeFile, fileError, &file.file()};
+                                seekFile, closeFile, fileError, this};
   zip_ = zipOpen2_64("", APPEND_STATUS_CREATE, nullptr, &functions);
   if (!zip_) file_.fail(ENOMEM);
 }
@@ -47,8 +47,19 @@ Package::~Package() {
   if (zip_) zipClose(zip_, nullptr);  // unfinished: the file goes as well
 }
 
+void Package::write(std::string_view bytes) noexcept {
+  if (error_ == 0) error_ = file_.file().write(bytes);
+}
+
+std::uint64_t Package::seek(std::int64_t offset, int whence) noexcept {
+  const off_t place = lseek(file_.file().descriptor(), offset, whence);
+  if (place < 0 && error_ == 0) error_ = errno;
+  return place < 0 ? 0 : static_cast<std::uint64_t>(place);
+}
+
 void Package::check(int result) const {
-  if (result != ZIP_OK) file_.fail(errno != 0 ? errno : EIO);
+  if (error_ != 0) file_.fail(error_);
+  if (result != ZIP_OK) file_.fail(EIO);
 }
 
 void Package::add(const char* name, std::string_view text) {
@@ -71,7 +82,6 @@ void Package::add(const char* name, std::span<const PackedStream* const> streams
   zip_fileinfo info{};
   info.tmz_date = {0, 0, 0, 1, 0, 1980};  // the format's first day
   const int zip64 = std::max(textSize, packedSize) >= kZip64From;
-  errno = 0;
   check(zipOpenNewFileInZip2_64(zip_, name, &info, nullptr, 0, nullptr, 0, nullptr, Z_DEFLATED, 1, 1, zip64));
   for (const PackedStream* stream : streams) {
     stream->copyTo([this](std::string_view bytes) {
@@ -83,7 +93,6 @@ void Package::add(const char* name, std::span<const PackedStream* const> streams
 
 void Package::finish() {
   void* zip = std::exchange(zip_, nullptr);
-  errno = 0;
   check(zipClose(zip, nullptr));
 }
 

@@ -1,6 +1,7 @@
 // The zip container of a workbook.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,11 +24,16 @@ class Package {
   void add(const char* name, std::span<const PackedStream* const> streams);
   void finish();
 
+  // For the zip library: the file's end of it. The first error is kept for the next step to throw.
+  void write(std::string_view bytes) noexcept;
+  std::uint64_t seek(std::int64_t offset, int whence) noexcept;
+
  private:
   void check(int result) const;
 
   ReplacementFile& file_;
   void* zip_ = nullptr;
+  int error_ = 0;
 };
 
 }  // namespace vmgv::workbook
