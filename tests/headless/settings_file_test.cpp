@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 namespace vmgv {
 namespace {
@@ -19,8 +20,7 @@ class SettingsFileTest : public testing::Test {
   }
 
   const std::filesystem::path folder_ =
-      std::filesystem::temp_directory_path() /
-      (std::string("vmg_settings_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+      std::filesystem::temp_directory_path() / ("vmg_settings_" + std::to_string(std::random_device{}()));
 };
 
 TEST_F(SettingsFileTest, ReadsValues) {

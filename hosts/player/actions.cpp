@@ -1,0 +1,174 @@
+#include "hosts/player/actions.h"
+
+#include <algorithm>
+
+#include "hosts/player/grid_report.h"
+#include "hosts/player/words.h"
+#include "support/automation/convert.h"
+#include "support/automation/error.h"
+
+namespace vmgv {
+namespace {
+
+constexpr const char* kDefaultWorkbook = "export.xlsx";
+
+std::int32_t requireNumber(const Word& word, const char* what) {
+  if (const auto number = wholeNumber(word)) return *number;
+  throw CannotDo(std::string("expected ") + what + ", found " + quoted(word.text));
+}
+
+// A message's line breaks are those of its platform.
+std::string withLineFeeds(std::string text) {
+  std::erase(text, '\r');
+  return text;
+}
+
+int entryOf(const ComboBox& combo, const Word& word) {
+  const auto& items = combo.items();
+  const auto found = std::find(items.begin(), items.end(), word.text);
+  if (const auto index = wholeNumber(word)) return *index;
+  if (found != items.end()) return static_cast<int>(found - items.begin());
+  throw CannotDo(combo.address() + " has no entry " + quoted(word.text) + " among its " +
+                 std::to_string(items.size()));
+}
+
+}  // namespace
+
+Actions::Actions(Stage stage, std::filesystem::path outFolder)
+    : stage_(std::move(stage)), out_(std::move(outFolder)) {
+  if (stage_.nameWorkbook) stage_.nameWorkbook(out_.path() / kDefaultWorkbook);
+}
+
+std::string Actions::whatIsOnTop() const {
+  if (const Box* box = user().box()) {
+    return box->kind == Box::Kind::File ? "a file picker" : "the message " + quoted(withLineFeeds(box->text));
+  }
+  const Form* form = user().form();
+  return form ? "dialog " + form->name() : "nothing open";
+}
+
+Form& Actions::topForm() const {
+  if (Form* form = user().form()) return *form;
+  throw CannotDo("expected a dialog, found " + whatIsOnTop());
+}
+
+void Actions::call(Words words) {
+  std::vector<Value> arguments;
+  for (const Word& word : words.subspan(1)) arguments.push_back(valueOf(word));
+  Object& target = *stage_.control;
+  target.invoke(target.member(words[0].text), Access::Call, arguments);
+}
+
+void Actions::set(Words words) {
+  stage_.control.put(Member(std::string_view(words[0].text)), valueOf(words[1]));
+}
+
+void Actions::grid(Words words) {
+  stage_.grid.put(Member(std::string_view(words[0].text)), valueOf(words[1]));
+}
+
+void Actions::select(Words words) {
+  std::vector<std::int32_t> rows;
+  const std::int32_t count = toLong(stage_.grid.get("RowCount"));
+  for (const Word& word : words) {
+    rows.push_back(requireNumber(word, "a row"));
+    if (rows.back() < 1 || rows.back() > count) {
+      throw CannotDo("expected a row from 1 to " + std::to_string(count) + ", found " + word.text);
+    }
+  }
+  if (!stage_.selectRows) throw CannotDo("rows cannot be selected here");
+  stage_.selectRows(rows);
+}
+
+void Actions::output(Words words) {
+  if (!stage_.nameWorkbook) throw CannotDo("no workbook is written here");
+  stage_.nameWorkbook(out_.file(words[0].text));
+}
+
+void Actions::layout(Words words) {
+  out_.write(words[0].text, [this](std::ostream& out) { out << layoutJson(stage_.grid); });
+}
+
+void Actions::rows(Words words) {
+  if (words.size() == 2) throw CannotDo("expected FIRST and LAST, found FIRST alone");
+  const std::int32_t count = toLong(stage_.grid.get("RowCount"));
+  std::int32_t first = 1, last = count;
+  if (words.size() == 3) {
+    first = requireNumber(words[1], "the first row");
+    last = requireNumber(words[2], "the last row");
+    if (first < 1 || last > count || first > last) {
+      throw CannotDo("expected rows within 1 to " + std::to_string(count) + ", found " + words[1].text +
+                     " to " + words[2].text);
+    }
+  }
+  out_.write(words[0].text, [&](std::ostream& out) { writeRows(stage_.grid, first, last, out); });
+}
+
+void Actions::click(Words words) { user().click(control(words[0])); }
+void Actions::doubleClick(Words words) { user().doubleClick(control(words[0])); }
+
+void Actions::choose(Words words) {
+  Control& list = control(words[0]);
+  const auto* combo = dynamic_cast<const ComboBox*>(&list);
+  if (!combo) throw CannotDo(list.address() + " is no list");
+  user().choose(list, entryOf(*combo, words[1]));
+}
+
+void Actions::enter(Words words) { user().enter(control(words[0]), words[1].text); }
+
+void Actions::press(Words words) {
+  const auto stroke = keyOf(words[1].text);
+  if (!stroke)
+    throw CannotDo("expected a key such as Enter, Esc, Down or Ctrl+A, found " + quoted(words[1].text));
+  user().press(control(words[0]), stroke->key, stroke->shift);
+}
+
+void Actions::focus(Words words) { user().focus(control(words[0])); }
+
+void Actions::resize(Words words) {
+  const std::int32_t width = requireNumber(words[0], "a width in twips");
+  user().resize({width, requireNumber(words[1], "a height in twips")});
+}
+
+void Actions::close(Words) { user().closeWindow(); }
+
+void Actions::form(Words words) {
+  const std::string text = dump(topForm());
+  out_.write(words[0].text, [&text](std::ostream& out) { out << text; });
+}
+
+void Actions::answer(Words words) {
+  for (const auto& [name, result] : {std::pair{"yes", MessageResult::Yes},
+                                     {"no", MessageResult::No},
+                                     {"ok", MessageResult::Ok},
+                                     {"cancel", MessageResult::Cancel}}) {
+    if (isKeyword(words[0], name)) return user().answer(result);
+  }
+  throw CannotDo("expected yes, no, ok or cancel, found " + quoted(words[0].text));
+}
+
+// A relative name is a file of the output folder if there is one, else as the program itself finds it.
+void Actions::pick(Words words) {
+  if (isKeyword(words[0], "cancel")) return user().pick({});
+  const std::filesystem::path given = words[0].text;
+  std::error_code unknown;
+  const std::filesystem::path below = out_.path() / given;
+  user().pick((std::filesystem::exists(below, unknown) ? below : given).string());
+}
+
+void Actions::expect(Words words) {
+  if (isKeyword(words[0], "message")) return expectMessage(words[1].text);
+  const std::string found = propertyText(topForm(), PropertyName::from(words[0].text));
+  if (found == words[1].text) return;
+  throw CannotDo("expected " + words[0].text + " " + quoted(words[1].text) + ", found " + quoted(found));
+}
+
+void Actions::expectMessage(const std::string& text) {
+  const Box* box = user().box();
+  if (box && box->kind == Box::Kind::Message && withLineFeeds(box->text) == text) return;
+  throw CannotDo("expected the message " + quoted(text) + ", found " + whatIsOnTop());
+}
+
+void Actions::picture(Words words) { user().picture(out_.file(words[0].text).string()); }
+
+}  // namespace vmgv
