@@ -2,7 +2,7 @@
 
 namespace vmgv {
 
-std::optional<char32_t> takeCharacter(std::string_view& text) noexcept {
+std::optional<char32_t> takeCodePoint(std::string_view& text) noexcept {
   if (text.empty()) return {};
   const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char lead = byte(0);
@@ -30,7 +30,7 @@ std::optional<char32_t> takeCharacter(std::string_view& text) noexcept {
 
 bool isUtf8(std::string_view text) noexcept {
   while (!text.empty()) {
-    if (!takeCharacter(text)) return false;
+    if (!takeCodePoint(text)) return false;
   }
   return true;
 }

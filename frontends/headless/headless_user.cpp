@@ -126,7 +126,7 @@ void HeadlessDesktop::enter(Control& control, const std::string& text) {
   if (text.empty()) box.setText({});
   std::string_view rest = text;
   while (!rest.empty()) {
-    takeCharacter(rest);
+    takeCodePoint(rest);
     box.setText(text.substr(0, text.size() - rest.size()));
   }
   if (form() == &control.form()) moveFocus(false);

@@ -52,7 +52,7 @@ TextExtent measureText(std::string_view text, const Font& font) noexcept {
   TextExtent extent;
   long long widest = 0, line = 0;
   while (!text.empty()) {
-    const char32_t character = takeCharacter(text).value_or(U'\uFFFD');
+    const char32_t character = takeCodePoint(text).value_or(U'\uFFFD');
     if (character == '\n') {
       ++extent.lines;
       line = 0;
