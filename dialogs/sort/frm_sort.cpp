@@ -18,8 +18,8 @@ frmSort::frmSort(Services& services) : Dialog(services, "frmSort", "gridViewsSor
   for (int level = 0; level < kLevels; ++level) levels_[static_cast<std::size_t>(level)] = addLevel(level);
   std::vector<layout::Node> rows;
   for (const Level& level : levels_) rows.push_back(layout::item(*level.frame));
-  rows.push_back(addButtons());
-  form_.content = layout::column(std::move(rows));
+  layout::Node closing = addButtons();
+  form_.content = layout::column({layout::column(std::move(rows)), std::move(closing)}).gap(2);
   form_.initialFocus = levels_.front().cboSort;
 }
 
@@ -27,6 +27,7 @@ frmSort::Level frmSort::addLevel(int level) {
   const std::string number = std::to_string(level);
   auto& frame = form_.add<Frame>(kFrameNames[static_cast<std::size_t>(level)]);
   auto& list = form_.add<ComboBox>("cboSort", &frame, level);
+  list.columns = 28;
   auto& pair = form_.add<PictureBox>("Picture" + std::to_string(level + 1), &frame);
   auto& ascending = form_.add<OptionButton>("optOrder" + number, &pair, 0);
   auto& descending = form_.add<OptionButton>("optOrder" + number, &pair, 1);
