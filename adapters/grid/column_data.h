@@ -45,12 +45,13 @@ class ColumnData {
   // The stored form, for sorting. Only that of the column's type is filled.
   const TextPool& texts() const noexcept { return texts_; }
   const std::vector<std::uint32_t>& codes() const noexcept { return codes_; }  // TextPool codes; kNullText
+  const std::vector<std::uint32_t>& ranks() const;  // of the texts, by code; made when first asked for
   const std::vector<std::int32_t>& narrow() const noexcept { return narrow_; }
   const std::vector<std::int64_t>& wide() const noexcept { return wide_; }  // instead of narrow()
   const std::vector<double>& numbers() const noexcept { return numbers_; }
   const std::vector<std::uint8_t>& flags() const noexcept { return flags_; }
   bool isWide() const noexcept { return isWide_; }
-  bool hasNulls() const noexcept { return !nulls_.empty(); }
+  bool hasNulls() const noexcept { return nullCount_ > 0; }
 
  private:
   void appendCell(bool null);
@@ -58,9 +59,11 @@ class ColumnData {
   ColumnType type_;
   bool isWide_ = false;
   std::size_t size_ = 0;
-  std::vector<bool> nulls_;  // empty as long as there are none
+  std::size_t nullCount_ = 0;
+  std::vector<bool> nulls_;  // empty as long as there are none, and for Text
   TextPool texts_;
   std::vector<std::uint32_t> codes_;
+  mutable std::vector<std::uint32_t> ranks_;
   std::vector<std::int32_t> narrow_;
   std::vector<std::int64_t> wide_;
   std::vector<double> numbers_;

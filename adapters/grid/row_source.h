@@ -18,6 +18,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "adapters/grid/column_data.h"
@@ -30,6 +31,8 @@ struct ColumnSpec {
   std::string caption{};                  // the field where empty
   ColumnType type = ColumnType::Unknown;  // Unknown: the values decide
 };
+
+class RowSource;
 
 // What went wrong in a load that went on: the first messages in full, the others counted.
 class Problems {
@@ -55,16 +58,16 @@ class Problems {
 // alone, and what is no text is written as text.
 class RowSink {
  public:
-  explicit RowSink(const std::vector<ColumnSpec>& columns);
-
-  void null();
+  void null() {
+    if (Feed* feed = next()) feed->data.appendNull();
+  }
   void text(std::string_view text);  // UTF-8; a text whatever it looks like
   // A value written as text, as files have it: read by the column's type, or, where that is not known, as
   // the narrowest type that gives back what was written. Empty is Null.
   void field(std::string_view text);
   void whole(std::int64_t number);
   void number(double number);
-  void date(Date date);
+  void date(Date date);  // Null and a problem outside the years 100 to 9999
   void boolean(bool flag);
   // Values left out are Null, values too many are dropped.
   void endRow();
@@ -72,21 +75,27 @@ class RowSink {
   std::size_t rows() const noexcept { return rows_; }
 
  private:
-  friend class TableLoader;
   struct Feed {  // what one column has taken so far
     ColumnData data;
-    bool declared = false;  // its type is not to be widened
-    bool misfit = false;    // a value did not fit
-    std::size_t misfitRow = 0;
-    std::string misfitText;
-    bool skipped = false;  // complete since the first reading
+    bool declared = false;      // its type is not to be widened
+    bool closed = false;        // takes nothing more
+    std::size_t misfitRow = 0;  // from 1; 0: every value fitted
+    std::string misfit{};
   };
+  friend struct Table loadTable(RowSource& source, Problems& problems);
 
-  Feed* next();
-  template <class Append>
-  void take(ColumnType type, const Value& value, Append append);
-  void refuse(Feed& feed, std::string text);
+  RowSink(std::string source, Problems& problems) : source_(std::move(source)), problems_(problems) {}
+  Feed* next() {
+    if (at_ >= feeds_.size()) return nullptr;
+    Feed& feed = feeds_[at_++];
+    return feed.closed ? nullptr : &feed;
+  }
+  template <class T>
+  void take(T value, ColumnType type);
+  void refuse(Feed& feed, std::string text) const;
 
+  std::string source_;
+  Problems& problems_;
   std::vector<Feed> feeds_;
   std::size_t at_ = 0;  // the column of the next value
   std::size_t rows_ = 0;
@@ -102,6 +111,14 @@ class RowSource {
   // All rows; may be called again and then gives the same ones. Throws Error where nothing can be read.
   virtual void read(RowSink& rows, Problems& problems) = 0;
 };
+
+// All rows of a source, in columns.
+struct Table {
+  std::vector<ColumnSpec> specs;  // captions filled in
+  std::vector<ColumnData> columns;
+  std::size_t rows = 0;
+};
+Table loadTable(RowSource& source, Problems& problems);
 
 // The source for FILE[#TABLE]: an SQLite database or, whatever its name, a CSV file.
 // Error 53 where there is no such file, 75 where it cannot be read, 5 where its content or table is not
