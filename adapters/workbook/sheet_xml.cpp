@@ -1,0 +1,171 @@
+// The XML of a worksheet. Rows are encoded when they are complete; what stands before them but is known only
+// at the end (size, column widths) is a stream of its own that goes first into the package.
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+
+#include "adapters/workbook/encode.h"
+#include "adapters/workbook/sheet_stream.h"
+
+namespace vmgv::workbook {
+namespace {
+
+constexpr int kDefaultWidth = 8;      // characters, of a column that nobody sized
+constexpr int kWidest = 80;           // of AutoFit: a comfortable line. The program's own limit of 255 would
+                                      // push all that follows a column of notes off the screen.
+constexpr int kWidestNumber = 12;     // programs show 11 characters and a sign, and round the rest
+constexpr double kPadding = 1.71;     // a letter wider than a digit, and the cell's margin of 5 pixels in 7
+constexpr double kLineHeight = 15;    // points, of the default font
+constexpr double kMaxHeight = 409.5;  // points
+constexpr std::size_t kCellFrame = 96;  // bytes at most of a cell's XML around its text, or of a number's
+
+char* put(char* out, std::string_view text) {
+  std::memcpy(out, text.data(), text.size());
+  return out + text.size();
+}
+
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+}  // namespace
+
+void SheetStream::completeRow() {
+  if (touched_.empty()) return;
+  if (!std::is_sorted(touched_.begin(), touched_.end())) std::sort(touched_.begin(), touched_.end());
+  char digits[16];
+  const std::string_view rowDigits(
+      digits, static_cast<std::size_t>(std::to_chars(digits, digits + sizeof digits, row_).ptr - digits));
+
+  Buffer& text = rows_.text();
+  char* out = text.room(kCellFrame);
+  out = put(put(put(out, "<row r=\""), rowDigits), "\"");
+  if (const double height = rowHeight(); height > 0) {
+    out = put(encodeNumber(put(out, " ht=\""), height), "\" customHeight=\"1\"");
+  }
+  *out++ = '>';
+  text.endAt(out);
+  for (const int number : touched_) {
+    Column& column = columns_[static_cast<std::size_t>(number) - 1];
+    const std::size_t textSize = column.cell.kind == Cell::Kind::Text ? column.cell.text.size() : 0;
+    out = text.room(kCellFrame + kMaxGrowth * textSize);
+    text.endAt(encodeCell(out, column, rowDigits, isMerged(number)));
+  }
+  text.append("</row>");
+
+  lastColumn_ = std::max(lastColumn_, touched_.back());
+  for (const Area& area : merges_) {
+    lastColumn_ = std::max(lastColumn_, area.right);
+    if (!merged_) merged_.emplace(folder_).text().append("<mergeCells>");
+    merged_->text().append("<mergeCell ref=\"" + areaName(area) + "\"/>");
+    merged_->settle();
+  }
+  ++rowCount_;
+  touched_.clear();
+  merges_.clear();
+  rows_.settle();
+}
+
+char* SheetStream::encodeCell(char* out, Column& column, std::string_view rowDigits, bool merged) {
+  const Cell& cell = column.cell;
+  if (cell.kind == Cell::Kind::Blank && cell.style == 0) return out;
+  out = put(put(put(out, "<c r=\""), {column.letters.data(), column.letterCount}), rowDigits);
+  if (cell.style != 0) out = std::to_chars(put(out, "\" s=\""), out + kCellFrame, cell.style).ptr;
+
+  int width = 0;  // characters
+  switch (cell.kind) {
+    case Cell::Kind::Blank: return put(out, "\"/>");
+    case Cell::Kind::Number:
+    case Cell::Kind::Date: {
+      char* const digits = put(out, "\"><v>");
+      const bool isDate = cell.kind == Cell::Kind::Date;
+      out = encodeNumber(digits, isDate ? dateSerial(cell.number) : cell.number);
+      const int length = static_cast<int>(out - digits);
+      width =
+          isDate ? static_cast<int>(styles_.format(cell.style).size()) + 2 : std::min(length, kWidestNumber);
+      out = put(out, "</v></c>");
+      break;
+    }
+    case Cell::Kind::Boolean:
+      out = put(out, cell.number != 0 ? "\" t=\"b\"><v>1</v></c>" : "\" t=\"b\"><v>0</v></c>");
+      width = 5;  // FALSE
+      break;
+    case Cell::Kind::Text: {
+      const bool keepBlanks = isBlank(cell.text.front()) || isBlank(cell.text.back());
+      out = put(out, keepBlanks ? "\" t=\"inlineStr\"><is><t xml:space=\"preserve\">"
+                                : "\" t=\"inlineStr\"><is><t>");
+      TextShape shape;
+      out = put(encodeText(out, cell.text, shape), "</t></is></c>");
+      width = shape.widest;
+      break;
+    }
+  }
+  if (!merged) column.widest = std::max(column.widest, width);  // AutoFit passes merged cells over
+  return out;
+}
+
+bool SheetStream::isMerged(int column) const {
+  return std::any_of(merges_.begin(), merges_.end(),
+                     [column](const Area& area) { return area.left <= column && column <= area.right; });
+}
+
+// Programs size a row by its wrapped cells themselves, except by merged ones. The columns' widths are those
+// of the rows so far: they only grow later, so the height is enough.
+double SheetStream::rowHeight() const {
+  int lines = 0;
+  for (const Area& area : merges_) {
+    const Cell& first = columns_[static_cast<std::size_t>(area.left) - 1].cell;
+    if (first.kind != Cell::Kind::Text || !StyleTable::wraps(first.style)) continue;
+    double width = 0;
+    for (int column = area.left; column <= area.right; ++column) {
+      const int widest = columns_[static_cast<std::size_t>(column) - 1].widest;
+      width += widest == 0 ? kDefaultWidth : std::min(widest, kWidest) + kPadding;
+    }
+    lines = std::max(lines, wrappedLines(first.text, width));
+  }
+  return std::min(lines * kLineHeight, kMaxHeight);
+}
+
+std::string SheetStream::head() const {
+  std::string xml(kXmlHead);
+  xml += "<worksheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><dimension ref=\"" +
+         areaName({1, 1, std::max(row_, 1), std::max(lastColumn_, 1)}) +
+         "\"/><sheetViews><sheetView tabSelected=\"1\" workbookViewId=\"0\"/></sheetViews>"
+         "<sheetFormatPr defaultRowHeight=\"15\"/>";
+  std::string cols;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (!columns_[i].fitted || columns_[i].widest == 0) continue;
+    const std::string number = std::to_string(i + 1);
+    char width[32];
+    char* const end = encodeNumber(width, std::min(columns_[i].widest, kWidest) + kPadding);
+    cols += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"" + std::string(width, end) +
+            "\" bestFit=\"1\" customWidth=\"1\"/>";
+  }
+  if (!cols.empty()) xml += "<cols>" + cols + "</cols>";
+  return xml + "<sheetData>";
+}
+
+void SheetStream::finish() {
+  if (tail_) return;
+  requireWhole();
+  completeRow();
+  rows_.text().append("</sheetData>");
+  rows_.end(Deflater::Then::Boundary);
+  if (merged_) {
+    merged_->text().append("</mergeCells>");
+    merged_->end(Deflater::Then::Boundary);
+  }
+  head_.emplace(folder_).text().append(head());
+  head_->end(Deflater::Then::Boundary);
+  tail_.emplace(folder_).text().append(
+      "<pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" footer=\"0.3\"/>"
+      "</worksheet>");
+  tail_->end(Deflater::Then::End);
+}
+
+void SheetStream::writeTo(Package& package, const char* part) const {
+  std::vector<const PackedStream*> streams{&*head_, &rows_};
+  if (merged_) streams.push_back(&*merged_);
+  streams.push_back(&*tail_);
+  package.add(part, streams);
+}
+
+}  // namespace vmgv::workbook
