@@ -141,6 +141,12 @@ void GridEngine::setValueList(std::int32_t index, std::shared_ptr<const ValueLis
 
 // Rows
 
+// A row object may have been kept while other rows were loaded.
+void GridEngine::noRecord(std::uint32_t record) const {
+  throw Error(ErrorNumber::SubscriptOutOfRange, "Subscript out of range: there no longer is a record " +
+                                                    std::to_string(std::uint64_t{record} + 1));
+}
+
 DisplayRow GridEngine::displayRow(std::int32_t position) const {
   if (position < 1 || position > rowCount()) {
     throw Error(ErrorNumber::SubscriptOutOfRange, "Subscript out of range: there is no row " +

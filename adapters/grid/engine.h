@@ -66,7 +66,9 @@ class GridEngine {
   std::string displayText(std::int32_t position, std::int32_t column) const;
   Alignment alignment(std::int32_t column) const;
   Value recordValue(std::uint32_t record, std::int32_t column) const {
-    return data_[checkedIndex(column)].value(record);
+    const std::size_t place = checkedIndex(column);
+    if (record >= rows_) noRecord(record);
+    return data_[place].value(record);
   }
 
   // Order. Both kinds of keys: no column twice; sortOrder 1 or -1.
@@ -120,6 +122,7 @@ class GridEngine {
     return static_cast<std::size_t>(column) - 1;
   }
   [[noreturn]] void noColumn(std::int32_t column) const;
+  [[noreturn]] void noRecord(std::uint32_t record) const;
   GridColumn& editable(std::int32_t column) { return columns_[checkedIndex(column)]; }
   void checkKey(const SortKey& key, const std::vector<SortKey>& present, const char* kind) const;
   void orderChanged();
