@@ -35,7 +35,7 @@ std::filesystem::path OutFolder::file(const std::string& name) const {
   if (relative.has_root_path() || leadsUp || !relative.has_filename() || relative.filename() == ".") {
     throw CannotDo("expected a file name below the output folder, found \"" + name + "\"");
   }
-  const std::filesystem::path full = folder_ / relative;
+  std::filesystem::path full = folder_ / relative;
   std::error_code failed;
   std::filesystem::create_directories(full.parent_path(), failed);
   if (failed) throw CannotDo("cannot create " + full.parent_path().string() + ": " + failed.message());

@@ -47,7 +47,7 @@ std::string takeQuoted(std::string_view& rest) {
     }
     const char escaped = ++i < rest.size() ? rest[i] : '\0';
     if (escaped != '"' && escaped != '\\' && escaped != 'n') {
-      throw ScriptError("\\\", \\\\ or \\n was expected behind a backslash");
+      throw ScriptError(R"(\", \\ or \n was expected behind a backslash)");
     }
     text += escaped == 'n' ? '\n' : escaped;
   }
@@ -60,7 +60,7 @@ std::string takePlain(std::string_view& rest) {
     if (rest[end] == '"') throw ScriptError("a quote stands inside a word");
     ++end;
   }
-  const std::string text(rest.substr(0, end));
+  std::string text(rest.substr(0, end));
   rest.remove_prefix(end);
   return text;
 }

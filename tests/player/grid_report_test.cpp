@@ -6,37 +6,36 @@ namespace vmgv {
 namespace {
 
 ObjectRef column(std::int32_t index, const char* key, bool visible) {
-  return Bag::of({{"index", Bag::holds(index)},
-                  {"key", Bag::holds(key)},
-                  {"caption", Bag::holds(key)},
-                  {"visible", Bag::holds(visible)}});
+  return holding({{"Index", index}, {"Key", key}, {"Caption", key}, {"Visible", visible}});
 }
 
 ObjectRef row(std::int32_t type, std::vector<Value> values) {
-  return Bag::of({{"rowtype", Bag::holds(type)}, {"value", [type, values](Args args) -> Value {
-                                                    if (type != 0) throw Error(ErrorNumber::InvalidCall);
-                                                    return values.at(
-                                                        static_cast<std::size_t>(toLong(args[0])) - 1);
-                                                  }}});
+  const ObjectRef made = holding({{"RowType", type}});
+  dynamic_cast<FakeObject&>(*made).on("Value", [type, values](Access, Args args) -> Value {
+    if (type != 0) throw Error(ErrorNumber::InvalidCall);
+    return values.at(static_cast<std::size_t>(toLong(args[0])) - 1);
+  });
+  return made;
 }
 
 ObjectRef sampleGrid() {
-  const ObjectRef style = Bag::of({{"backcolor", Bag::holds(255)}, {"fontbold", Bag::holds(true)}});
-  const ObjectRef condition = Bag::of(
-      {{"name", Bag::holds("late")}, {"value1", Bag::holds(Null{})}, {"formatstyle", Bag::holds(style)}});
-  const ObjectRef key = Bag::of({{"colindex", Bag::holds(2)}, {"sortorder", Bag::holds(std::int16_t{-1})}});
+  const ObjectRef condition = holding({{"Name", "late"},
+                                       {"Value1", Null{}},
+                                       {"FormatStyle", holding({{"BackColor", 255}, {"FontBold", true}})}});
+  const ObjectRef key = holding({{"ColIndex", 2}, {"SortOrder", std::int16_t{-1}}});
+  const ObjectRef grid = holding(
+      {{"Columns", listing({column(1, "id", true), column(2, "no", false), column(3, "state", true)})},
+       {"SortKeys", listing({key})},
+       {"Groups", listing({})},
+       {"FmtConditions", listing({condition})},
+       {"RowCount", 3},
+       {"PreviewColumn", Null{}}});
   const std::vector<ObjectRef> rows{row(1, {}), row(0, {"a\tb\n\\", "hidden", Null{}}),
                                     row(0, {1.5, 0, true})};
-  return Bag::of(
-      {{"columns",
-        Bag::holds(Bag::list({column(1, "id", true), column(2, "no", false), column(3, "state", true)}))},
-       {"sortkeys", Bag::holds(Bag::list({key}))},
-       {"groups", Bag::holds(Bag::list({}))},
-       {"fmtconditions", Bag::holds(Bag::list({condition}))},
-       {"rowcount", Bag::holds(3)},
-       {"previewcolumn", Bag::holds(Null{})},
-       {"getrowdata",
-        [rows](Args args) -> Value { return rows.at(static_cast<std::size_t>(toLong(args[0])) - 1); }}});
+  dynamic_cast<FakeObject&>(*grid).on("GetRowData", [rows](Access, Args args) -> Value {
+    return rows.at(static_cast<std::size_t>(toLong(args[0])) - 1);
+  });
+  return grid;
 }
 
 TEST(GridReport, RowsAreTypesAndVisibleValues) {

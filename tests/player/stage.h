@@ -11,51 +11,33 @@
 
 #include "frontends/headless/headless_desktop.h"
 #include "hosts/player/player.h"
-#include "support/automation/class_table.h"
-#include "support/automation/convert.h"
+#include "tests/dialogs/fake_object.h"
 
 namespace vmgv {
 
-// Any members at all; what is put replaces what was there.
-class Bag final : public Object {
- public:
-  using Member = std::function<Value(Args)>;
+// An object whose members hold values; what is put replaces what was there.
+inline ObjectRef holding(std::map<std::string, Value> members) {
+  auto* object = new FakeObject("Thing");
+  for (auto& [name, value] : members) {
+    object->on(name, [held = std::move(value)](Access access, Args args) mutable -> Value {
+      if (access == Access::Put) held = args[0];
+      return held;
+    });
+  }
+  return object;
+}
 
-  static ObjectRef of(std::map<std::string, Member> members) { return makeObject<Bag>(std::move(members)); }
-  // A collection of fixed objects.
-  static ObjectRef list(std::vector<ObjectRef> items) {
-    const auto count = static_cast<std::int32_t>(items.size());
-    const Member item = [items](Args args) -> Value {
-      return items.at(static_cast<std::size_t>(toLong(args[0])) - 1);
-    };
-    return of({{"count", [count](Args) -> Value { return count; }}, {"", item}, {"itembyposition", item}});
-  }
-  static Member holds(Value value) {
-    return [value](Args) { return value; };
-  }
-
-  explicit Bag(std::map<std::string, Member> members) : members_(std::move(members)) {
-    for (const auto& member : members_) names_.push_back(member.first);
-  }
-  std::string typeName() const override { return "Bag"; }
-  ClassId classId() const noexcept override { return nullptr; }
-  MemberId member(std::string_view name) override {
-    for (std::size_t i = 0; i < names_.size(); ++i) {
-      if (names_[i] == lowerCase(name)) return static_cast<MemberId>(i + 1);
-    }
-    throw Error(ErrorNumber::MemberNotFound, "A Bag has no member " + std::string(name));
-  }
-  Value invoke(MemberId id, Access access, std::span<const Value> args) override {
-    Member& found = members_.at(id == kDefaultMember ? "" : names_.at(static_cast<std::size_t>(id) - 1));
-    if (access == Access::Get || access == Access::Call) return found(args);
-    found = holds(args.back());
-    return {};
-  }
-
- private:
-  std::map<std::string, Member> members_;
-  std::vector<std::string> names_;
-};
+// A collection of fixed objects.
+inline ObjectRef listing(std::vector<ObjectRef> items) {
+  auto* object = new FakeObject("Things");
+  const auto count = static_cast<std::int32_t>(items.size());
+  const auto item = [items](Access, Args args) -> Value {
+    return items.at(static_cast<std::size_t>(toLong(args[0])) - 1);
+  };
+  object->on("Count", [count](Access, Args) -> Value { return count; });
+  object->on("", item).on("ItemByPosition", item);
+  return object;
+}
 
 class PlayerTest : public testing::Test {
  protected:
@@ -99,22 +81,23 @@ class PlayerTest : public testing::Test {
   }
 
   ObjectRef control() {
-    const auto show = [this](void (PlayerTest::*dialog)()) {
-      return [this, dialog](Args) -> Value {
+    const ObjectRef control = holding({{"excelVisible", true}});
+    auto& members = dynamic_cast<FakeObject&>(*control);
+    const auto shows = [this, &members](const char* name, void (PlayerTest::*dialog)()) {
+      members.on(name, [this, dialog](Access, Args) -> Value {
         (this->*dialog)();
         return false;
-      };
+      });
     };
-    return Bag::of({{"showplain", show(&PlayerTest::showPlain)},
-                    {"showwork", show(&PlayerTest::showWork)},
-                    {"showstubborn", show(&PlayerTest::showStubborn)},
-                    {"excelvisible", Bag::holds(true)},
-                    {"echo",
-                     [this](Args args) -> Value {
-                       for (std::size_t i = 0; i < args.size(); ++i) note(typeName(args[i]));
-                       return {};
-                     }},
-                    {"fail", [](Args) -> Value { throw Error(ErrorNumber::TypeMismatch); }}});
+    shows("ShowPlain", &PlayerTest::showPlain);
+    shows("ShowWork", &PlayerTest::showWork);
+    shows("ShowStubborn", &PlayerTest::showStubborn);
+    members.on("Fail", [](Access, Args) -> Value { throw Error(ErrorNumber::TypeMismatch); });
+    members.on("Echo", [this](Access, Args args) -> Value {
+      for (std::size_t i = 0; i < args.size(); ++i) note(typeName(args[i]));
+      return {};
+    });
+    return control;
   }
 
   // A field, a list, and buttons that open a message, a question, a picker and the dialog at work.
@@ -187,7 +170,7 @@ class PlayerTest : public testing::Test {
       std::filesystem::temp_directory_path() / ("vmg_player_" + std::to_string(std::random_device{}()));
   const std::filesystem::path out_ = folder_ / "out";
   HeadlessDesktop desktop_;
-  ObjectRef grid_ = Bag::of({{"rowcount", Bag::holds(3)}, {"previewcolumn", Bag::holds(Null{})}});
+  ObjectRef grid_ = holding({{"RowCount", 3}, {"PreviewColumn", Null{}}});
   std::string events_, error_;
   std::filesystem::path workbook_;
 };
