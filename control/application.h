@@ -32,6 +32,8 @@ class Application {
   // open already, opens nothing. What escapes a dialog is thrown.
   void open(Facet facet, const OpenRequest& request);
 
+  bool offers(Facet facet) const { return launchers_.contains(facet); }  // whether it has a dialog
+
   // Gives a facet its dialog: a class made from Services, and its opening operation.
   template <class Form, class Show>
   void install(Facet facet, Show show) {

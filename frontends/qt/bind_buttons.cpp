@@ -6,11 +6,13 @@
 #include <algorithm>
 
 #include "frontends/qt/binding.h"
+#include "frontends/qt/comfort.h"
 
 namespace vmgv {
 namespace {
 
-constexpr int kComfortableLetters = 13;  // width of a push button with a short word on it
+constexpr int kLeastLetters = 13;  // that fit on a push button
+constexpr int kRoomLetters = 4;    // around the words
 
 class PushBinding final : public BindingOf<CommandButton, QPushButton> {
  public:
@@ -23,13 +25,12 @@ class PushBinding final : public BindingOf<CommandButton, QPushButton> {
   // Styles widen every button for a word; one that shows a sign is better as narrow as the sign.
   QSize naturalSize() const override {
     const QSize hint = view_.sizeHint();
-    const QFontMetrics metrics = view_.fontMetrics();
     const QString caption = qt(control_.caption());
     if (std::any_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetter(); })) {
-      return {std::max(hint.width(), kComfortableLetters * metrics.averageCharWidth()), hint.height()};
+      return {comfortableWidth(view_), hint.height()};
     }
     const int border = 2 * view_.style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, &view_);
-    return {std::max(hint.height(), metrics.horizontalAdvance(caption) + border), hint.height()};
+    return {std::max(hint.height(), view_.fontMetrics().horizontalAdvance(caption) + border), hint.height()};
   }
 
  protected:
@@ -90,6 +91,13 @@ class OptionBinding final : public BindingOf<OptionButton, QRadioButton> {
 };
 
 }  // namespace
+
+int comfortableWidth(const QPushButton& button) {
+  const QFontMetrics metrics = button.fontMetrics();
+  const int letter = metrics.averageCharWidth();
+  const int words = metrics.size(Qt::TextShowMnemonic, button.text()).width();
+  return std::max({button.sizeHint().width(), kLeastLetters * letter, words + kRoomLetters * letter});
+}
 
 std::unique_ptr<Binding> bind(CommandButton& button, QWidget& parent, UserActs& acts) {
   return std::make_unique<PushBinding>(button, parent, acts);

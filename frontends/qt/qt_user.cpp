@@ -29,6 +29,12 @@ void closePopups() {
   if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
 }
 
+// Without a window manager, and right after it was shown, no window is active; a user sees and uses one that
+// is.
+void activate(QWidget& window) {
+  if (!window.isActiveWindow()) QApplication::setActiveWindow(&window);
+}
+
 // What the user types on a keyboard with Latin letters.
 QString textOf(Key key, int shift) {
   const auto code = static_cast<int>(key);
@@ -76,8 +82,7 @@ Binding& QtDesktop::bindingOnTop(Control& control) {
   requireUsable(control);
   followAll();
   closePopups();
-  // Without a window manager, and right after it was shown, no window is active; widgets need one that is.
-  if (!window.isActiveWindow()) QApplication::setActiveWindow(&window);
+  activate(window);
   return window.binding(control);
 }
 
@@ -190,6 +195,7 @@ void QtDesktop::picture(const std::string& path) {
   followAll();
   QWidget* shown = owner();
   if (!shown) throw CannotDo("there is no window to take a picture of");
+  activate(*shown);
   QCoreApplication::sendPostedEvents();
   if (!shown->grab().save(qt(path), "PNG")) {
     throw Error(ErrorNumber::PathAccess, "The picture " + path + " cannot be written");

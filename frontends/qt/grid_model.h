@@ -1,0 +1,41 @@
+// The display rows of a grid engine as a flat Qt model: a row each, and a section for every column, hidden
+// ones included.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <memory>
+
+#include "adapters/grid/engine.h"
+
+namespace vmgv {
+
+class GridModel final : public QAbstractTableModel {
+ public:
+  explicit GridModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+  void setEngine(std::shared_ptr<GridEngine> engine);
+  GridEngine& engine() const noexcept { return *engine_; }
+  const std::shared_ptr<GridEngine>& sharedEngine() const noexcept { return engine_; }
+
+  // Tells the views what became of the engine's rows and columns. True where they are others than before,
+  // not only in another order.
+  bool refresh();
+
+  // Sections and display positions count from 0 here, from 1 in the engine.
+  static int columnOf(int section) noexcept { return section + 1; }
+  static int positionOf(int row) noexcept { return row + 1; }
+
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : columns_; }
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  std::vector<std::string> fields() const;
+
+  std::shared_ptr<GridEngine> engine_ = std::make_shared<GridEngine>();
+  int rows_ = 0, columns_ = 0;  // as the views know them
+  std::vector<std::string> fields_;
+};
+
+}  // namespace vmgv

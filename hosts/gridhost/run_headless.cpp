@@ -1,0 +1,16 @@
+#include "frontends/headless/headless_desktop.h"
+#include "hosts/gridhost/files.h"
+#include "hosts/gridhost/run.h"
+#include "hosts/gridhost/session.h"
+
+namespace vmgv {
+
+int runHeadless(const Options& options) {
+  HeadlessDesktop desktop;
+  desktop.setSettings(readSettings());
+  Session session(desktop, options);
+  session.load();
+  return session.play(desktop, [&](IdleHandler* handler) { desktop.setIdleHandler(handler); });
+}
+
+}  // namespace vmgv
