@@ -37,35 +37,36 @@ struct Expansion {
 constexpr Expansion kExpansions[] = {{0xC6, "AE"},  {0xE6, "ae"},  {0xDF, "ss"}, {0x1E9E, "SS"},
                                      {0x152, "OE"}, {0x153, "oe"}, {0xDE, "TH"}, {0xFE, "th"},
                                      {0x132, "IJ"}, {0x133, "ij"}};
-constexpr std::uint8_t kExpanded = 0xFE;  // an accent: "ae" comes before its ligature
-constexpr std::uint8_t kSeveral = 0xFF;
+constexpr char kPlain = 1;                // no accent, no capital
+constexpr std::uint8_t kExpanded = 0xFD;  // an accent: "ae" comes before its ligature
+constexpr std::uint8_t kSeveral = 0xFE;
 
 bool isMark(char32_t c) { return c < 0xC0 || (c >= 0x2000 && c < 0x2C00) || (c >= 0x3000 && c < 0x3040); }
 
-// The three levels of one key while it is made.
+// The three levels of one key while it is made. Zero separates them, so accents and case start at 1.
 struct Levels {
   std::string& primary;
   std::string accents, capitals;
 
   void add(Letter letter) {
     primary += static_cast<char>(letter.weight);
-    accents += static_cast<char>(letter.accent);
-    capitals += static_cast<char>(letter.capital);
+    accents += static_cast<char>(letter.accent + kPlain);
+    capitals += static_cast<char>(letter.capital ? kPlain + 1 : kPlain);
   }
   void addOther(char32_t c) {
     primary += isMark(c) ? kOtherMark : kOtherLetter;
     for (int shift = 16; shift >= 0; shift -= 8) primary += static_cast<char>(c >> shift);
-    accents += '\0';
-    capitals += '\0';
+    accents += kPlain;
+    capitals += kPlain;
   }
-  void addAccent(std::uint8_t accent) {
+  void addAccent(int accent) {
     if (accents.empty()) return;
-    accents.back() = static_cast<char>(accents.back() == '\0' ? accent : kSeveral);
+    accents.back() = static_cast<char>((accents.back() == kPlain ? accent : kSeveral) + kPlain);
   }
 };
 
 void addCharacter(char32_t c, Levels& levels) {
-  if (c >= 0x300 && c < 0x370) return levels.addAccent(static_cast<std::uint8_t>(c - 0x300 + 1));
+  if (c >= 0x300 && c < 0x370) return levels.addAccent(static_cast<int>(c - 0x300 + 1));
   const Letter letter = letterOf(c);
   if (letter.weight != 0) return levels.add(letter);
   for (const Expansion& expansion : kExpansions) {
@@ -81,22 +82,107 @@ void addCharacter(char32_t c, Levels& levels) {
 }
 
 void appendLevel(std::string& keys, const std::string& level) {
-  const auto last = level.find_last_not_of('\0');
+  const auto last = level.find_last_not_of(kPlain);
   keys += '\0';
   if (last != level.npos) keys.append(level, 0, last + 1);
 }
 
-struct Candidate {
-  std::uint64_t prefix;  // of the key, most significant byte first
-  std::uint32_t code;
+// The texts of a pool on their way into order.
+class Ranking {
+ public:
+  explicit Ranking(const TextPool& texts);
+  std::vector<std::uint32_t> ranks();
+
+ private:
+  struct Entry {
+    std::uint64_t part;  // eight bytes of the key, most significant first
+    std::uint32_t code;
+  };
+  struct Run {  // entries whose keys agree in their first `depth` bytes
+    std::size_t begin, end, depth;
+  };
+
+  std::string_view key(std::uint32_t code) const {
+    return std::string_view(keys_).substr(ends_[code], ends_[code + 1] - ends_[code]);
+  }
+  std::uint64_t part(std::uint32_t code, std::size_t depth) const;
+  bool less(std::uint32_t a, std::uint32_t b) const;
+  void sort();
+  bool isDone(const Run& run) const;
+
+  const TextPool& texts_;
+  std::string keys_;
+  std::vector<std::size_t> ends_;
+  std::vector<Entry> entries_;
 };
 
-std::uint64_t prefixOf(std::string_view key) {
-  std::uint64_t prefix = 0;
-  for (std::size_t i = 0; i < 8; ++i) {
-    prefix = (prefix << 8) | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0u);
+constexpr std::size_t kFewEntries = 8;
+constexpr std::size_t kPart = sizeof(std::uint64_t);
+
+Ranking::Ranking(const TextPool& texts)
+    : texts_(texts), ends_(std::size_t{texts.size()} + 1), entries_(texts.size()) {
+  for (std::uint32_t code = 0; code < texts.size(); ++code) {
+    appendSortKey(texts[code], keys_);
+    ends_[code + 1] = keys_.size();
+    entries_[code].code = code;
   }
-  return prefix;
+}
+
+std::uint64_t Ranking::part(std::uint32_t code, std::size_t depth) const {
+  const std::string_view rest = key(code).substr(std::min(depth, key(code).size()));
+  std::uint64_t bytes = 0;
+  for (std::size_t i = 0; i < kPart; ++i) {
+    bytes = (bytes << 8) | (i < rest.size() ? static_cast<unsigned char>(rest[i]) : 0u);
+  }
+  return bytes;
+}
+
+// Texts with equal keys (two sigmas, say) still have an order, so that the same rows always sort alike.
+bool Ranking::less(std::uint32_t a, std::uint32_t b) const {
+  const int difference = key(a).compare(key(b));
+  return difference != 0 ? difference < 0 : texts_[a] < texts_[b];
+}
+
+// Long texts often begin alike: eight bytes at a time are compared as numbers, the next eight only within
+// runs of equal ones.
+void Ranking::sort() {
+  std::vector<Run> runs{{0, entries_.size(), 0}};
+  while (!runs.empty()) {
+    const Run run = runs.back();
+    runs.pop_back();
+    const auto begin = entries_.begin() + static_cast<std::ptrdiff_t>(run.begin);
+    const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(run.end);
+    if (isDone(run)) {
+      std::sort(begin, end, [&](const Entry& a, const Entry& b) { return less(a.code, b.code); });
+      continue;
+    }
+    for (auto entry = begin; entry != end; ++entry) entry->part = part(entry->code, run.depth);
+    std::sort(begin, end, [](const Entry& a, const Entry& b) { return a.part < b.part; });
+    for (std::size_t first = run.begin, next = first; first < run.end; first = next) {
+      while (next < run.end && entries_[next].part == entries_[first].part) ++next;
+      if (next - first > 1) runs.push_back({first, next, run.depth + kPart});
+    }
+  }
+}
+
+// Whether a run is better sorted as it is: it is short, or its keys end here.
+bool Ranking::isDone(const Run& run) const {
+  if (run.end - run.begin <= kFewEntries) return true;
+  for (std::size_t i = run.begin; i < run.end; ++i) {
+    if (key(entries_[i].code).size() > run.depth) return false;
+  }
+  return true;
+}
+
+std::vector<std::uint32_t> Ranking::ranks() {
+  sort();
+  std::vector<std::uint32_t> ranks(entries_.size());
+  std::uint32_t rank = 0;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    if (i > 0 && texts_[entries_[i - 1].code] != texts_[entries_[i].code]) ++rank;
+    ranks[entries_[i].code] = rank;
+  }
+  return ranks;
 }
 
 }  // namespace
@@ -121,31 +207,6 @@ void appendSortKey(std::string_view text, std::string& keys) {
   capitals = std::move(levels.capitals);
 }
 
-std::vector<std::uint32_t> textRanks(const TextPool& texts) {
-  std::string keys;
-  std::vector<std::size_t> ends(std::size_t{texts.size()} + 1);
-  std::vector<Candidate> order(texts.size());
-  for (std::uint32_t code = 0; code < texts.size(); ++code) {
-    appendSortKey(texts[code], keys);
-    ends[code + 1] = keys.size();
-  }
-  const auto key = [&](std::uint32_t code) {
-    return std::string_view(keys).substr(ends[code], ends[code + 1] - ends[code]);
-  };
-  for (std::uint32_t code = 0; code < texts.size(); ++code) order[code] = {prefixOf(key(code)), code};
-  // Texts with equal keys (two sigmas, say) still have an order, so that the same rows always sort alike.
-  std::sort(order.begin(), order.end(), [&](const Candidate& a, const Candidate& b) {
-    if (a.prefix != b.prefix) return a.prefix < b.prefix;
-    const int difference = key(a.code).compare(key(b.code));
-    return difference != 0 ? difference < 0 : texts[a.code] < texts[b.code];
-  });
-  std::vector<std::uint32_t> ranks(texts.size());
-  std::uint32_t rank = 0;
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    if (i > 0 && texts[order[i - 1].code] != texts[order[i].code]) ++rank;
-    ranks[order[i].code] = rank;
-  }
-  return ranks;
-}
+std::vector<std::uint32_t> textRanks(const TextPool& texts) { return Ranking(texts).ranks(); }
 
 }  // namespace vmgv
