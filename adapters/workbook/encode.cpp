@@ -107,7 +107,7 @@ char* encodeText(char* out, std::string_view text, TextShape& shape) {
   int width = 0;  // of the line so far
   while (next != end) {
     const char* const run = next;
-    for (std::uint64_t bytes; end - next >= 8; next += 8, out += 8) {
+    for (std::uint64_t bytes = 0; end - next >= 8; next += 8, out += 8) {
       std::memcpy(&bytes, next, 8);
       if (!allPlain(bytes)) break;
       std::memcpy(out, &bytes, 8);

@@ -37,8 +37,8 @@ class PackedStream {
   void copyTo(const std::function<void(std::string_view)>& sink) const;
 
  private:
-  static constexpr std::size_t kBlock = 256 * 1024;  // igzip is slower on smaller ones
-  static constexpr std::size_t kSpool = 64 * 1024;
+  static constexpr std::size_t kBlock = std::size_t{256} * 1024;  // igzip is slower on smaller ones
+  static constexpr std::size_t kSpool = std::size_t{64} * 1024;
 
   void pack(Deflater::Then then);
 

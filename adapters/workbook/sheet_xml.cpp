@@ -136,8 +136,8 @@ std::string SheetStream::head() const {
     const std::string number = std::to_string(i + 1);
     char width[32];
     char* const end = encodeNumber(width, std::min(columns_[i].widest, kWidest) + kPadding);
-    cols += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"" + std::string(width, end) +
-            "\" bestFit=\"1\" customWidth=\"1\"/>";
+    cols.append("<col min=\"").append(number).append("\" max=\"").append(number).append("\" width=\"");
+    cols.append(width, end).append("\" bestFit=\"1\" customWidth=\"1\"/>");
   }
   if (!cols.empty()) xml += "<cols>" + cols + "</cols>";
   return xml + "<sheetData>";

@@ -52,12 +52,14 @@ std::string StyleTable::xml() const {
     const int id = i < kBuiltIns ? kBuiltIn[i].id : kFirstCustomId + static_cast<int>(i - kBuiltIns);
     const std::string number = std::to_string(id);
     if (i >= kBuiltIns) {
-      custom += "<numFmt numFmtId=\"" + number + "\" formatCode=\"" + attributeText(codes_[i]) + "\"/>";
+      custom.append("<numFmt numFmtId=\"").append(number).append("\" formatCode=\"");
+      custom.append(attributeText(codes_[i])).append("\"/>");
     }
-    const std::string format = "<xf numFmtId=\"" + number +
-                               "\" fontId=\"0\" fillId=\"0\" borderId=\"0\" xfId=\"0\"" +
-                               (id != 0 ? " applyNumberFormat=\"1\"" : "");
-    cells += format + "/>" + format + " applyAlignment=\"1\"><alignment wrapText=\"1\"/></xf>";
+    std::string format = "<xf numFmtId=\"";
+    format.append(number).append("\" fontId=\"0\" fillId=\"0\" borderId=\"0\" xfId=\"0\"");
+    if (id != 0) format.append(" applyNumberFormat=\"1\"");
+    cells.append(format).append("/>");
+    cells.append(format).append(" applyAlignment=\"1\"><alignment wrapText=\"1\"/></xf>");
   }
   if (!custom.empty()) {
     custom = "<numFmts count=\"" + std::to_string(codes_.size() - kBuiltIns) + "\">" + custom + "</numFmts>";

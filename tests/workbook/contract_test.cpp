@@ -19,7 +19,7 @@ TEST_F(ContractTest, NamesAndCollections) {
   EXPECT_EQ(workbook, application.object("Workbooks", 1));
   EXPECT_EQ(Value(0), workbook.object("PivotCaches").get("Count"));
   EXPECT_ERROR(9, "Data", workbook.get("Sheets", "Data"));
-  EXPECT_ERROR(9, "2", workbook.get("Sheets", 2));
+  EXPECT_ERROR(9, "item 2", workbook.get("Sheets", 2));
   Value item;
   EXPECT_FALSE((*workbook.object("PivotCaches")).enumerate()->next(item));
   const auto sheets = (*workbook.object("Sheets")).enumerate();

@@ -48,7 +48,10 @@ TEST(Encode, Text) {
   for (const auto& test : cases) {
     for (std::size_t before = 0; before < 9; ++before) {
       const std::string plain(before, 'p');
-      EXPECT_EQ(plain + std::string(test.xml) + plain, encoded(plain + std::string(test.text) + plain));
+      const auto framed = [&plain](std::string_view text) {
+        return std::string(plain).append(text).append(plain);
+      };
+      EXPECT_EQ(framed(test.xml), encoded(framed(test.text)));
     }
   }
 }

@@ -1,7 +1,7 @@
 // The workbook's way into its folder: complete or absent, whatever happens.
-#include <signal.h>
 #include <sys/resource.h>
 
+#include <csignal>
 #include <fstream>
 #include <random>
 #include <utility>
