@@ -99,7 +99,7 @@ ExportEngine::Outcome ExportEngine::exportRows() {
   dialog_.form.setPointer(Pointer::ArrowHourglass);
   dialog_.Label1.setCaption(text(Text::Exporting));
   services_.window.doEvents();
-  order_ = columnOrder(grid_);
+  columnOrder_ = columnOrder(grid_);
   started_ = true;
   if (toLong(grid_.object("Columns").get("Count")) < 1) stop(Text::NoColumns);
   writeHeader();
@@ -111,8 +111,8 @@ ExportEngine::Outcome ExportEngine::exportRows() {
 
 void ExportEngine::writeHeader() {
   std::int32_t column = 1;
-  for (const ColumnRecord& record : order_) {
-    const ObjectRef gridColumn = grid_.object("Columns", record.index);
+  for (const ColumnRecord& record : columnOrder_) {
+    const ObjectRef& gridColumn = columns_.emplace_back(grid_.object("Columns", record.index));
     if (!toBoolean(gridColumn.get("Visible"))) continue;
     sheet_.object("Cells", kHeaderRow, column++).put("Value", gridColumn.get("Caption"));
   }
@@ -175,10 +175,9 @@ ExportEngine::Outcome ExportEngine::writeRows(std::int32_t count, const CellWrit
 
 std::int32_t ExportEngine::writeRecord(const CellWriter& cells, std::int32_t row, const ObjectRef& gridRow) {
   std::int32_t column = 0;
-  for (const ColumnRecord& record : order_) {
-    const ObjectRef gridColumn = grid_.object(columns_, record.index);
-    if (!toBoolean(gridColumn.get(visible_))) continue;
-    cells.write(row, ++column, gridRow, gridColumn, record.index);
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (!toBoolean(columns_[i].get(visible_))) continue;
+    cells.write(row, ++column, gridRow, columns_[i], columnOrder_[i].index);
   }
   return column;
 }

@@ -62,11 +62,12 @@ class ExportEngine {
   ExportDialog dialog_;
   ObjectRef grid_;
   ObjectRef excel_, workbook_, sheet_;
-  std::vector<ColumnRecord> order_;
+  std::vector<ColumnRecord> columnOrder_;
+  std::vector<ObjectRef> columns_;  // the grid's, in that order: asked for once, read for each row
   bool started_ = false;
 
   // Call sites on the path of every cell or row remember where their member is.
-  Member columns_{"Columns"}, visible_{"Visible"}, rowType_{"RowType"}, value_{"Value"}, range_{"Range"};
+  Member visible_{"Visible"}, rowType_{"RowType"}, value_{"Value"}, range_{"Range"};
 };
 
 }  // namespace vmgv

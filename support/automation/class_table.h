@@ -114,12 +114,15 @@ class ClassTable {
 template <class T>
 class Exposed : public Object {
  public:
-  std::string typeName() const override { return T::table().typeName(); }
-  ClassId classId() const noexcept override { return &T::table(); }
-  MemberId member(std::string_view name) override { return T::table().member(name); }
+  std::string typeName() const override { return table_.typeName(); }
+  ClassId classId() const noexcept override { return &table_; }
+  MemberId member(std::string_view name) override { return table_.member(name); }
   Value invoke(MemberId id, Access access, std::span<const Value> args) override {
-    return T::table().invoke(static_cast<T&>(*this), id, access, args);
+    return table_.invoke(static_cast<T&>(*this), id, access, args);
   }
+
+ private:
+  const ClassTable<T>& table_ = T::table();  // asked once: a call would pay for it each time
 };
 
 }  // namespace vmgv

@@ -4,11 +4,33 @@
 
 namespace vmgv {
 
-const ObjectRef& Value::object() const {
-  const ObjectRef* reference = as<ObjectRef>();
-  if (!reference) throw Error(ErrorNumber::ObjectRequired);
-  if (!*reference) throw Error(ErrorNumber::ObjectNotSet);
-  return *reference;
+void Value::requireText() const {
+  if (!isText()) throw Error(ErrorNumber::TypeMismatch);
+}
+
+void Value::noObject() const {
+  throw Error(isObject() ? ErrorNumber::ObjectNotSet : ErrorNumber::ObjectRequired);
+}
+
+bool Value::operator==(const Value& other) const noexcept {
+  if (type_ != other.type_) return false;
+  const auto same = [&]<class T>(const T* held) { return *held == *other.as<T>(); };
+  switch (type_) {
+    case ValueType::Empty:
+    case ValueType::Missing:
+    case ValueType::Null: return true;
+    case ValueType::Boolean: return same(as<bool>());
+    case ValueType::Integer: return same(as<std::int16_t>());
+    case ValueType::Long: return same(as<std::int32_t>());
+    case ValueType::Single: return same(as<float>());
+    case ValueType::Double: return same(as<double>());
+    case ValueType::Currency: return same(as<Currency>());
+    case ValueType::Decimal: return same(as<Decimal>());
+    case ValueType::Date: return same(as<Date>());
+    case ValueType::String: return same(as<std::string>());
+    case ValueType::Object: return same(as<ObjectRef>());
+  }
+  return false;
 }
 
 std::string typeName(const Value& value) {

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <variant>
+#include <utility>
 
 #include "support/automation/decimal.h"
 #include "support/automation/object.h"
@@ -28,7 +32,7 @@ struct Date {  // days since 1899-12-30; the fraction is the time of day
   bool operator==(const Date&) const = default;
 };
 
-// In the order of the Value's alternatives.
+// String and Object come last: they alone own something.
 enum class ValueType : std::uint8_t {
   Empty,
   Missing,
@@ -45,53 +49,156 @@ enum class ValueType : std::uint8_t {
   Object
 };
 
+// The types of a Value's content, each with its number.
+template <class T>
+inline constexpr ValueType kTypeOf = ValueType::Empty;
+template <>
+inline constexpr ValueType kTypeOf<Missing> = ValueType::Missing;
+template <>
+inline constexpr ValueType kTypeOf<Null> = ValueType::Null;
+template <>
+inline constexpr ValueType kTypeOf<bool> = ValueType::Boolean;
+template <>
+inline constexpr ValueType kTypeOf<std::int16_t> = ValueType::Integer;
+template <>
+inline constexpr ValueType kTypeOf<std::int32_t> = ValueType::Long;
+template <>
+inline constexpr ValueType kTypeOf<float> = ValueType::Single;
+template <>
+inline constexpr ValueType kTypeOf<double> = ValueType::Double;
+template <>
+inline constexpr ValueType kTypeOf<Currency> = ValueType::Currency;
+template <>
+inline constexpr ValueType kTypeOf<Decimal> = ValueType::Decimal;
+template <>
+inline constexpr ValueType kTypeOf<Date> = ValueType::Date;
+template <>
+inline constexpr ValueType kTypeOf<std::string> = ValueType::String;
+template <>
+inline constexpr ValueType kTypeOf<ObjectRef> = ValueType::Object;
+
+// A tagged union by hand: a dozen of these are made and dropped for each cell of an export, and a
+// std::variant goes through a table of functions each time.
 class Value {
  public:
   Value() noexcept = default;  // Empty
-  Value(Missing v) noexcept : held_(v) {}
-  Value(Null v) noexcept : held_(v) {}
-  Value(bool v) noexcept : held_(v) {}
-  Value(std::int16_t v) noexcept : held_(v) {}
-  Value(std::int32_t v) noexcept : held_(v) {}
-  Value(float v) noexcept : held_(v) {}
-  Value(double v) noexcept : held_(v) {}
-  Value(Currency v) noexcept : held_(v) {}
-  Value(Decimal v) noexcept : held_(v) {}
-  Value(Date v) noexcept : held_(v) {}
-  Value(std::string v) noexcept : held_(std::move(v)) {}
-  Value(std::string_view v) : held_(std::string(v)) {}
-  Value(const char* v) : held_(std::string(v)) {}
-  Value(ObjectRef v) noexcept : held_(std::move(v)) {}
-  Value(Object* v) noexcept : held_(ObjectRef(v)) {}
+  Value(Missing v) noexcept { hold(v); }
+  Value(Null v) noexcept { hold(v); }
+  Value(bool v) noexcept { hold(v); }
+  Value(std::int16_t v) noexcept { hold(v); }
+  Value(std::int32_t v) noexcept { hold(v); }
+  Value(float v) noexcept { hold(v); }
+  Value(double v) noexcept { hold(v); }
+  Value(Currency v) noexcept { hold(v); }
+  Value(Decimal v) noexcept { hold(v); }
+  Value(Date v) noexcept { hold(v); }
+  Value(std::string v) noexcept { hold(std::move(v)); }
+  Value(std::string_view v) { hold(std::string(v)); }
+  Value(const char* v) { hold(std::string(v)); }
+  Value(ObjectRef v) noexcept { hold(std::move(v)); }
+  Value(Object* v) noexcept { hold(ObjectRef(v)); }
   // A wider or unsigned number would change its type silently: convert it first.
   template <class T>
   requires std::is_arithmetic_v<T> Value(T)
   = delete;
 
-  ValueType type() const noexcept { return static_cast<ValueType>(held_.index()); }
-  bool isEmpty() const noexcept { return type() == ValueType::Empty; }
-  bool isMissing() const noexcept { return type() == ValueType::Missing; }
-  bool isNull() const noexcept { return type() == ValueType::Null; }
-  bool isText() const noexcept { return type() == ValueType::String; }
-  bool isObject() const noexcept { return type() == ValueType::Object; }
+  Value(const Value& other) { copy(other); }
+  Value(Value&& other) noexcept { move(std::move(other)); }
+  Value& operator=(const Value& other) { return *this = Value(other); }
+  Value& operator=(Value&& other) noexcept {
+    if (this != &other) {
+      drop();
+      move(std::move(other));
+    }
+    return *this;
+  }
+  ~Value() { drop(); }
 
-  // The alternative's content where the value is of that type, else null.
+  ValueType type() const noexcept { return type_; }
+  bool isEmpty() const noexcept { return type_ == ValueType::Empty; }
+  bool isMissing() const noexcept { return type_ == ValueType::Missing; }
+  bool isNull() const noexcept { return type_ == ValueType::Null; }
+  bool isText() const noexcept { return type_ == ValueType::String; }
+  bool isObject() const noexcept { return type_ == ValueType::Object; }
+
+  // The content where the value is of that type, else null.
   template <class T>
   const T* as() const noexcept {
-    return std::get_if<T>(&held_);
+    static_assert(kTypeOf<T> != ValueType::Empty, "no value is of this type");
+    return type_ == kTypeOf<T> ? &content<T>() : nullptr;
   }
-  const std::string& text() const { return std::get<std::string>(held_); }
-  std::string takeText() && { return std::move(std::get<std::string>(held_)); }
+  const std::string& text() const {
+    requireText();
+    return content<std::string>();
+  }
+  std::string takeText() && {
+    requireText();
+    return std::move(content<std::string>());
+  }
   // The object held; Error 424 where there is none, Error 91 where it is nothing.
-  const ObjectRef& object() const;
+  const ObjectRef& object() const {
+    if (type_ != ValueType::Object || !content<ObjectRef>()) noObject();
+    return content<ObjectRef>();
+  }
 
   // Same type and same content; no conversion.
-  bool operator==(const Value&) const = default;
+  bool operator==(const Value& other) const noexcept;
 
  private:
-  std::variant<std::monostate, Missing, Null, bool, std::int16_t, std::int32_t, float, double, Currency,
-               Decimal, Date, std::string, ObjectRef>
-      held_;
+  // Every type below String is a few bytes without an owner.
+  static constexpr std::size_t kPlainBytes = sizeof(Decimal);
+  bool ownsContent() const noexcept { return type_ >= ValueType::String; }
+
+  template <class T>
+  T& content() noexcept {
+    return *std::launder(reinterpret_cast<T*>(bytes_));
+  }
+  template <class T>
+  const T& content() const noexcept {
+    return *std::launder(reinterpret_cast<const T*>(bytes_));
+  }
+  template <class T>
+  void hold(T content) noexcept {
+    static_assert(sizeof(T) <= sizeof(bytes_));
+    static_assert(kTypeOf<T> >= ValueType::String ||
+                  (std::is_trivially_copyable_v<T> && sizeof(T) <= kPlainBytes));
+    new (bytes_) T(std::move(content));
+    type_ = kTypeOf<T>;
+  }
+  void copy(const Value& other) {
+    if (!other.ownsContent()) {
+      std::memcpy(bytes_, other.bytes_, kPlainBytes);
+      type_ = other.type_;
+    } else if (other.type_ == ValueType::String) {
+      hold(std::string(other.content<std::string>()));
+    } else {
+      hold(ObjectRef(other.content<ObjectRef>()));
+    }
+  }
+  void move(Value&& other) noexcept {
+    if (!other.ownsContent()) {
+      std::memcpy(bytes_, other.bytes_, kPlainBytes);
+      type_ = other.type_;
+    } else if (other.type_ == ValueType::String) {
+      hold(std::move(other.content<std::string>()));
+    } else {
+      hold(std::move(other.content<ObjectRef>()));
+    }
+  }
+  void drop() noexcept {
+    if (!ownsContent()) return;
+    if (type_ == ValueType::String) {
+      std::destroy_at(&content<std::string>());
+    } else {
+      std::destroy_at(&content<ObjectRef>());
+    }
+    type_ = ValueType::Empty;
+  }
+  void requireText() const;
+  [[noreturn]] void noObject() const;
+
+  alignas(std::string) std::byte bytes_[sizeof(std::string)];
+  ValueType type_ = ValueType::Empty;
 };
 
 // "Empty", "Null", "Boolean", ..., "Error" for an omitted argument, "Nothing", or the object's class.
