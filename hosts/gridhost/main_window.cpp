@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 
 #include "frontends/qt/comfort.h"
 #include "frontends/qt/units.h"
@@ -55,6 +56,8 @@ MainWindow::MainWindow(Session& session, QtDesktop& desktop)
   layout->addWidget(makePanel());
   setCentralWidget(central);
 
+  const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+  statusBar()->setContentsMargins(margin, 0, margin, 0);
   statusBar()->addPermanentWidget(new QLabel(rowsText()));
   showProblems();
   resize(kFirstSize.boundedTo(screen()->availableSize() * kScreenShare / 100));
