@@ -23,6 +23,11 @@ std::string withLineFeeds(std::string text) {
   return text;
 }
 
+std::filesystem::file_time_type writtenAt(const std::filesystem::path& file) {
+  std::error_code missing;
+  return std::filesystem::last_write_time(file, missing);
+}
+
 int entryOf(const ComboBox& combo, const Word& word) {
   const auto& items = combo.items();
   const auto found = std::find(items.begin(), items.end(), word.text);
@@ -36,7 +41,12 @@ int entryOf(const ComboBox& combo, const Word& word) {
 
 Actions::Actions(Stage stage, std::filesystem::path outFolder)
     : stage_(std::move(stage)), out_(std::move(outFolder)) {
-  if (stage_.nameWorkbook) stage_.nameWorkbook(out_.path() / kDefaultWorkbook);
+  nameWorkbook(out_.path() / kDefaultWorkbook);
+}
+
+void Actions::nameWorkbook(std::filesystem::path file) {
+  workbook_ = std::move(file);
+  if (stage_.nameWorkbook) stage_.nameWorkbook(workbook_);
 }
 
 std::string Actions::whatIsOnTop() const {
@@ -55,8 +65,11 @@ Form& Actions::topForm() const {
 void Actions::call(Words words) {
   std::vector<Value> arguments;
   for (const Word& word : words.subspan(1)) arguments.push_back(valueOf(word));
+  const auto before = writtenAt(workbook_);
   Object& target = *stage_.control;
   target.invoke(target.member(words[0].text), Access::Call, arguments);
+  // A name holds for one export.
+  if (writtenAt(workbook_) != before) nameWorkbook(out_.path() / kDefaultWorkbook);
 }
 
 void Actions::set(Words words) {
@@ -82,7 +95,7 @@ void Actions::select(Words words) {
 
 void Actions::output(Words words) {
   if (!stage_.nameWorkbook) throw CannotDo("no workbook is written here");
-  stage_.nameWorkbook(out_.file(words[0].text));
+  nameWorkbook(out_.file(words[0].text));
 }
 
 void Actions::layout(Words words) {

@@ -56,9 +56,11 @@ class Actions {
   Form& topForm() const;
   Control& control(const Word& word) const { return findControl(topForm(), word.text); }
   void expectMessage(const std::string& text);
+  void nameWorkbook(std::filesystem::path file);
 
   Stage stage_;
   OutFolder out_;
+  std::filesystem::path workbook_;  // that the next export leaves
 };
 
 }  // namespace vmgv

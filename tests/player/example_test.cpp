@@ -99,6 +99,7 @@ TEST_F(ExampleTest, TheTourSortsAndExportsEveryRow) {
   EXPECT_EQ(rowsWritten_, 10'001) << "a header and the demo table's rows";
   EXPECT_TRUE(std::filesystem::exists(folder_ / "birdstrikes.xlsx"));
   EXPECT_TRUE(engine_->redraw());
+  EXPECT_EQ(workbook_, folder_ / "export.xlsx") << "a name holds for one export";
 
   ASSERT_EQ(play(without(read(kRoot / "hosts/scripts/tour-el.vgs"), "picture")), "");
   EXPECT_FALSE(std::filesystem::exists(folder_ / "cancelled.xlsx"));
