@@ -43,25 +43,51 @@ constexpr std::uint8_t kSeveral = 0xFE;
 
 bool isMark(char32_t c) { return c < 0xC0 || (c >= 0x2000 && c < 0x2C00) || (c >= 0x3000 && c < 0x3040); }
 
-// The three levels of one key while it is made. Zero separates them, so accents and case start at 1.
+// The three levels of one key while it is made. Zero separates them, so accents and case start at 1; these
+// two end at the last letter that is accented or capital, which for most letters makes nothing to do.
 struct Levels {
   std::string& primary;
   std::string accents, capitals;
+  std::size_t letters = 0;
 
+  explicit Levels(std::string& key) : primary(key) {}
   void add(Letter letter) {
     primary += static_cast<char>(letter.weight);
-    accents += static_cast<char>(letter.accent + kPlain);
-    capitals += static_cast<char>(letter.capital ? kPlain + 1 : kPlain);
+    ++letters;
+    if (letter.accent != 0) setAccent(letter.accent);
+    if (letter.capital) setCapital();
+  }
+  // The ASCII letters at the start of `text`.
+  std::size_t addAscii(std::string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() && static_cast<signed char>(text[length]) >= 0) ++length;
+    const std::size_t start = primary.size();
+    primary.resize(start + length);
+    for (std::size_t i = 0; i < length; ++i) {
+      const Letter& letter = kAscii[static_cast<std::size_t>(text[i])];
+      primary[start + i] = static_cast<char>(letter.weight);
+      ++letters;
+      if (letter.capital) setCapital();
+    }
+    return length;
   }
   void addOther(char32_t c) {
     primary += isMark(c) ? kOtherMark : kOtherLetter;
     for (int shift = 16; shift >= 0; shift -= 8) primary += static_cast<char>(c >> shift);
-    accents += kPlain;
-    capitals += kPlain;
+    ++letters;
   }
   void addAccent(int accent) {
-    if (accents.empty()) return;
-    accents.back() = static_cast<char>((accents.back() == kPlain ? accent : kSeveral) + kPlain);
+    if (letters > 0) setAccent(accents.size() == letters && accents.back() != kPlain ? kSeveral : accent);
+  }
+
+ private:
+  void setAccent(int accent) {
+    accents.resize(letters, kPlain);
+    accents.back() = static_cast<char>(accent + kPlain);
+  }
+  void setCapital() {
+    capitals.resize(letters, kPlain);
+    capitals.back() = kPlain + 1;
   }
 };
 
@@ -79,12 +105,6 @@ void addCharacter(char32_t c, Levels& levels) {
     return;
   }
   levels.addOther(c);
-}
-
-void appendLevel(std::string& keys, const std::string& level) {
-  const auto last = level.find_last_not_of(kPlain);
-  keys += '\0';
-  if (last != level.npos) keys.append(level, 0, last + 1);
 }
 
 // The texts of a pool on their way into order.
@@ -188,23 +208,16 @@ std::vector<std::uint32_t> Ranking::ranks() {
 }  // namespace
 
 void appendSortKey(std::string_view text, std::string& keys) {
-  thread_local std::string accents, capitals;
-  Levels levels{keys, std::move(accents), std::move(capitals)};
-  levels.accents.clear();
-  levels.capitals.clear();
-  while (!text.empty()) {
-    const auto byte = static_cast<unsigned char>(text[0]);
-    if (byte < 128) {
-      levels.add(kAscii[byte]);
-      text.remove_prefix(1);
-    } else {
-      addCharacter(takeCharacter(text), levels);
-    }
+  Levels levels(keys);
+  for (;;) {
+    text.remove_prefix(levels.addAscii(text));
+    if (text.empty()) break;
+    addCharacter(takeCharacter(text), levels);
   }
-  appendLevel(keys, levels.accents);
-  appendLevel(keys, levels.capitals);
-  accents = std::move(levels.accents);
-  capitals = std::move(levels.capitals);
+  keys += '\0';
+  keys += levels.accents;
+  keys += '\0';
+  keys += levels.capitals;
 }
 
 std::vector<std::uint32_t> textRanks(const TextPool& texts) { return Ranking(texts).ranks(); }
