@@ -19,9 +19,9 @@ class frmSort final : public Dialog {
   static constexpr int kLevels = 4;
 
   struct Level {
-    Frame* frame;
-    ComboBox* cboSort;
-    std::array<OptionButton*, 2> optOrder;  // ascending, descending
+    Frame* frame = nullptr;
+    ComboBox* cboSort = nullptr;
+    std::array<OptionButton*, 2> optOrder{};  // ascending, descending
   };
 
   Level addLevel(int level);
@@ -30,7 +30,7 @@ class frmSort final : public Dialog {
   void fillColumns();
   void showSortKeys();
 
-  std::array<Level, kLevels> levels_;
+  std::array<Level, kLevels> levels_{};
 };
 
 }  // namespace vmgv

@@ -54,9 +54,9 @@ class ExportEngine {
   void quit();
 
   bool usesTemplate() const { return !dialog_.txtTemplate.text().empty(); }
-  void tell(Text text, MessageStyle style, std::initializer_list<Value> args, const std::string& title);
-  [[noreturn]] void stop(Text text);
-  std::string text(Text text) { return services_.strings.GetResString(text, ""); }
+  void tell(Text id, MessageStyle style, std::initializer_list<Value> args, const std::string& title);
+  [[noreturn]] void stop(Text id);
+  std::string text(Text id) { return services_.strings.GetResString(id, ""); }
 
   Services& services_;
   ExportDialog dialog_;

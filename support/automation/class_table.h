@@ -58,8 +58,8 @@ class ClassTable {
   using Getter = Value (*)(T&, Args);               // reads a property or runs a method
   using Putter = void (*)(T&, Args, const Value&);  // index arguments, then the new value
   struct Entry {
-    const char* name;
-    std::size_t arguments;  // at most; more of them go to the default member of what a get returns
+    const char* name = "";
+    std::size_t arguments = 0;  // at most; more of them go to the default member of what a get returns
     Getter get = nullptr;
     Putter put = nullptr;
   };
@@ -85,6 +85,7 @@ class ClassTable {
     if (access == Access::Get || access == Access::Call) {
       if (!entry.get) throw notFound(entry.name);
       if (args.size() <= entry.arguments) return entry.get(object, args);
+      if (access == Access::Call) throw Error(ErrorNumber::ArgumentCount);
       const ObjectRef result = entry.get(object, args.first(0)).object();
       return (*result).invoke(kDefaultMember, Access::Get, args);
     }

@@ -49,38 +49,30 @@ enum class ValueType : std::uint8_t {
   Object
 };
 
-// The types of a Value's content, each with its number.
+namespace detail {
+
+template <class T, class... Contents>
+consteval ValueType typeAmong() {
+  const bool same[] = {std::is_same_v<T, Contents>...};
+  for (std::size_t i = 0; i < sizeof...(Contents); ++i) {
+    if (same[i]) return static_cast<ValueType>(i + 1);
+  }
+  return ValueType::Empty;
+}
+
+}  // namespace detail
+
+// The type whose content is a T; Empty where there is none.
 template <class T>
-inline constexpr ValueType kTypeOf = ValueType::Empty;
-template <>
-inline constexpr ValueType kTypeOf<Missing> = ValueType::Missing;
-template <>
-inline constexpr ValueType kTypeOf<Null> = ValueType::Null;
-template <>
-inline constexpr ValueType kTypeOf<bool> = ValueType::Boolean;
-template <>
-inline constexpr ValueType kTypeOf<std::int16_t> = ValueType::Integer;
-template <>
-inline constexpr ValueType kTypeOf<std::int32_t> = ValueType::Long;
-template <>
-inline constexpr ValueType kTypeOf<float> = ValueType::Single;
-template <>
-inline constexpr ValueType kTypeOf<double> = ValueType::Double;
-template <>
-inline constexpr ValueType kTypeOf<Currency> = ValueType::Currency;
-template <>
-inline constexpr ValueType kTypeOf<Decimal> = ValueType::Decimal;
-template <>
-inline constexpr ValueType kTypeOf<Date> = ValueType::Date;
-template <>
-inline constexpr ValueType kTypeOf<std::string> = ValueType::String;
-template <>
-inline constexpr ValueType kTypeOf<ObjectRef> = ValueType::Object;
+inline constexpr ValueType kTypeOf =
+    detail::typeAmong<T, Missing, Null, bool, std::int16_t, std::int32_t, float, double, Currency, Decimal,
+                      Date, std::string, ObjectRef>();
 
 // A tagged union by hand: a dozen of these are made and dropped for each cell of an export, and a
 // std::variant goes through a table of functions each time.
 class Value {
  public:
+  // NOLINTBEGIN(cppcoreguidelines-pro-type-member-init): bytes_ mean nothing until hold() fills them
   Value() noexcept = default;  // Empty
   Value(Missing v) noexcept { hold(v); }
   Value(Null v) noexcept { hold(v); }
@@ -104,6 +96,7 @@ class Value {
 
   Value(const Value& other) { copy(other); }
   Value(Value&& other) noexcept { move(std::move(other)); }
+  // NOLINTEND(cppcoreguidelines-pro-type-member-init)
   Value& operator=(const Value& other) { return *this = Value(other); }
   Value& operator=(Value&& other) noexcept {
     if (this != &other) {

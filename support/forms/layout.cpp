@@ -196,7 +196,7 @@ Node space() {
   return node;
 }
 
-Node buttons(std::vector<Control*> controls) {
+Node buttons(const std::vector<Control*>& controls) {
   Node node = row({space()});
   for (Control* control : controls) node.children.push_back(item(*control));
   node.uniform = true;

@@ -47,7 +47,7 @@ Node row(std::vector<Node> children);
 Node column(std::vector<Node> children);
 Node space();  // takes what is left over
 // Equal buttons at the right end of a row.
-Node buttons(std::vector<Control*> controls);
+Node buttons(const std::vector<Control*>& controls);
 
 // The spacing unit for a font of `points`, in twips, rounded to whole pixels of `pixel` twips.
 int spacingUnit(double points, int pixel);

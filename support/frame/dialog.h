@@ -38,9 +38,9 @@ class Dialog {
   virtual void apply() {}
 
   // A text of the string table into a control; "" where it cannot be had.
-  void caption(Control& control, Text text);
-  void caption(Form& form, Text text);
-  std::string text(Text text);
+  void caption(Control& control, Text id);
+  void caption(Form& form, Text id);
+  std::string text(Text id);
 
   Services& services_;
   Form form_;

@@ -80,6 +80,7 @@ TEST(LateBinding, ErrorsNameWhatIsWrong) {
   EXPECT_EQ(errorNumber([] { ObjectRef().get("Anything"); }), 91);
   EXPECT_EQ(errorNumber([&] { item.put("Double", 1); }), 438);
   EXPECT_EQ(errorNumber([&] { item.put("Number", 1, 2); }), 450);
+  EXPECT_EQ(errorNumber([&] { item.call("Number", 1); }), 450);
   EXPECT_EQ(errorNumber([&] { item.object("Number"); }), 424);
   EXPECT_EQ(errorNumber([&] { (*item).enumerate(); }), 438);
   try {

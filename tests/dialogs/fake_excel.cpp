@@ -7,12 +7,6 @@
 namespace vmgv {
 namespace {
 
-FakeObject* make(ObjectRef& ref, const char* name) {
-  auto* object = new FakeObject(name);
-  ref = object;
-  return object;
-}
-
 std::string place(int row, int column) { return std::to_string(row) + "," + std::to_string(column); }
 
 }  // namespace

@@ -6,12 +6,6 @@
 namespace vmgv {
 namespace {
 
-FakeObject* make(ObjectRef& ref, const char* name) {
-  auto* object = new FakeObject(name);
-  ref = object;
-  return object;
-}
-
 // An item's place in a collection, from 0; Error 9 outside it.
 std::size_t place(const Args& args, std::size_t count) {
   const std::int32_t index = toLong(args[0]);

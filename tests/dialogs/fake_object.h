@@ -44,6 +44,13 @@ class FakeObject final : public Object {
   std::map<MemberId, Handler> handlers_;
 };
 
+// A new object behind a reference, to be given its members.
+inline FakeObject* make(ObjectRef& ref, const char* typeName) {
+  auto* object = new FakeObject(typeName);
+  ref = object;
+  return object;
+}
+
 // Counts every call of a whole tree of objects and fails one of them.
 struct Fault {
   static constexpr std::int32_t kNumber = 4711;
