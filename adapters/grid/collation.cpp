@@ -4,7 +4,7 @@
 #include <array>
 
 #include "adapters/grid/fold_table.h"
-#include "adapters/grid/utf8.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {
@@ -64,7 +64,7 @@ struct Levels {
     const std::size_t start = primary.size();
     primary.resize(start + length);
     for (std::size_t i = 0; i < length; ++i) {
-      const Letter& letter = kAscii[static_cast<std::size_t>(text[i])];
+      const Letter& letter = kAscii[static_cast<unsigned char>(text[i])];
       primary[start + i] = static_cast<char>(letter.weight);
       ++letters;
       if (letter.capital) setCapital();
@@ -98,7 +98,7 @@ void addCharacter(char32_t c, Levels& levels) {
   for (const Expansion& expansion : kExpansions) {
     if (expansion.character != c) continue;
     for (const char* part = expansion.letters; *part; ++part) {
-      Letter plain = kAscii[static_cast<std::size_t>(*part)];
+      Letter plain = kAscii[static_cast<unsigned char>(*part)];
       plain.accent = kExpanded;
       levels.add(plain);
     }

@@ -5,8 +5,8 @@
 #include <cstring>
 #include <filesystem>
 
-#include "adapters/grid/utf8.h"
 #include "support/automation/error.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {
@@ -15,16 +15,16 @@ constexpr std::size_t kBlock = std::size_t{1} << 18;
 
 bool endsField(char c) { return c == ',' || c == '\n' || c == '\r'; }
 
-char* fieldEnd(char* at, char* end) {
+const char* fieldEnd(const char* at, const char* end) {
   while (at < end && !endsField(*at)) ++at;
   return at;
 }
 
-// Takes the closing quote out, and one of every two; returns the new end.
-char* unquote(char* begin, char* end) {
+// Takes the closing quote out, and one of every two, in place; returns what is left.
+std::string_view unquote(char* begin, const char* end) {
   char* to = begin;
   bool inside = true;
-  for (char* from = begin; from < end; ++from) {
+  for (const char* from = begin; from < end; ++from) {
     if (inside && *from == '"') {
       if (from + 1 == end || from[1] != '"') {
         inside = false;
@@ -34,7 +34,7 @@ char* unquote(char* begin, char* end) {
     }
     *to++ = *from;
   }
-  return to;
+  return {begin, static_cast<std::size_t>(to - begin)};
 }
 
 }  // namespace
@@ -77,8 +77,8 @@ bool CsvReader::next() {
   quotesMean_ = true;
   for (;;) {
     if (begin_ == end_ && last_) return false;
-    char* begin = buffer_.data() + begin_;
-    char* after = parse(begin, buffer_.data() + end_);
+    const char* begin = buffer_.data() + begin_;
+    const char* after = parse(begin, buffer_.data() + end_);
     if (after) {
       begin_ = static_cast<std::size_t>(after - buffer_.data());
       finishRecord(begin, after);
@@ -93,7 +93,7 @@ bool CsvReader::next() {
 }
 
 // Finds the fields of the record; its end, or null where it goes on behind `end` or a quote stays open.
-char* CsvReader::parse(char* at, char* end) {
+const char* CsvReader::parse(const char* at, const char* end) {
   raw_.clear();
   nextLine_ = line_;
   openQuote_ = !quotesMean_;
@@ -102,7 +102,7 @@ char* CsvReader::parse(char* at, char* end) {
     if (quotesMean_ && at < end && *at == '"') {
       if (!parseQuoted(at, end)) return nullptr;
     } else {
-      char* begin = at;
+      const char* begin = at;
       at = fieldEnd(at, end);
       raw_.push_back({begin, at, false, false});
     }
@@ -117,12 +117,12 @@ char* CsvReader::parse(char* at, char* end) {
 }
 
 // The quoted field at `at`, which is then behind it; false where its end is not in sight.
-bool CsvReader::parseQuoted(char*& at, char* end) {
-  char* begin = at + 1;
+bool CsvReader::parseQuoted(const char*& at, const char* end) {
+  const char* begin = at + 1;
   bool changed = false;
-  char* quote = begin;
+  const char* quote = begin;
   for (;;) {
-    quote = static_cast<char*>(std::memchr(quote, '"', static_cast<std::size_t>(end - quote)));
+    quote = static_cast<const char*>(std::memchr(quote, '"', static_cast<std::size_t>(end - quote)));
     if (!quote || (quote + 1 == end && !last_)) return false;
     if (quote + 1 == end || quote[1] != '"') break;
     changed = true;
@@ -139,7 +139,7 @@ bool CsvReader::parseQuoted(char*& at, char* end) {
 }
 
 // Behind the line break at `at`; null where it may go on behind `end`.
-char* CsvReader::recordEnd(char* at, char* end) {
+const char* CsvReader::recordEnd(const char* at, const char* end) {
   if (*at == '\r') {
     if (at + 1 == end && !last_) return nullptr;
     if (at + 1 < end && at[1] == '\n') ++at;
@@ -154,8 +154,8 @@ void CsvReader::finishRecord(const char* begin, const char* end) {
   mended_.clear();
   fields_.clear();
   for (const RawField& raw : raw_) {
-    char* stop = raw.changed ? unquote(raw.begin, raw.end) : raw.end;
-    std::string_view field(raw.begin, static_cast<std::size_t>(stop - raw.begin));
+    std::string_view field(raw.begin, static_cast<std::size_t>(raw.end - raw.begin));
+    if (raw.changed) field = unquote(buffer_.data() + (raw.begin - buffer_.data()), raw.end);
     std::string clean;
     if (!plain && !isPlainAscii(field) && !isCleanUtf8(field, clean)) {
       badBytes_ = true;

@@ -33,15 +33,15 @@ class CsvReader {
 
  private:
   struct RawField {
-    char* begin;
-    char* end;
+    const char* begin;
+    const char* end;
     bool quoted;   // begin is behind the opening quote, end is that of the field
     bool changed;  // has quotes to take out
   };
 
-  char* parse(char* from, char* end);
-  bool parseQuoted(char*& at, char* end);
-  char* recordEnd(char* from, char* end);
+  const char* parse(const char* at, const char* end);
+  bool parseQuoted(const char*& at, const char* end);
+  const char* recordEnd(const char* at, const char* end);
   void fill();
   void finishRecord(const char* begin, const char* end);
 

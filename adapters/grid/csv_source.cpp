@@ -1,6 +1,7 @@
 #include "adapters/grid/csv_source.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "support/automation/error.h"
@@ -43,15 +44,19 @@ void CsvSource::readHeader(Problems& problems) {
   const std::string where = path_ + ':' + std::to_string(reader_.line());
   tellMended(reader_, where, problems);
   std::set<std::string, std::less<>> given(reader_.fields().begin(), reader_.fields().end()), used;
+  std::map<std::string, int> copies;  // the last number that was put behind a name
   columns_.clear();
   for (const std::string_view title : reader_.fields()) {
     const std::string number = std::to_string(columns_.size() + 1);
     std::string name(title);
     if (name.empty()) name = "Column " + number;
     if (used.contains(name) || (title.empty() && given.contains(name))) {
-      const std::string wanted = name;
-      for (int n = 2; used.contains(name) || given.contains(name); ++n)
-        name = wanted + ' ' + std::to_string(n);
+      const std::string wanted = name + ' ';
+      int& last = copies.try_emplace(wanted, 1).first->second;
+      do {
+        name = wanted;
+        name += std::to_string(++last);
+      } while (used.contains(name) || given.contains(name));
     }
     if (title != name) {
       problems.add(where, "column " + number + (title.empty() ? " has no name" : " has the name of another") +

@@ -12,12 +12,12 @@ namespace {
 
 class GridObject final : public GridPart<GridObject> {
  public:
-  explicit GridObject(const EngineRef& engine)
-      : GridPart(engine),
-        columns_(makeObject<ColumnsObject>(engine)),
-        sortKeys_(makeSortKeysObject(engine)),
-        groups_(makeGroupsObject(engine)),
-        conditions_(makeFmtConditionsObject(engine)) {}
+  explicit GridObject(EngineRef engine)
+      : GridPart(std::move(engine)),
+        columns_(makeObject<ColumnsObject>(engine_)),
+        sortKeys_(makeSortKeysObject(engine_)),
+        groups_(makeGroupsObject(engine_)),
+        conditions_(makeFmtConditionsObject(engine_)) {}
 
   static const ClassTable<GridObject>& table();
 
@@ -95,6 +95,8 @@ const ClassTable<GridObject>& GridObject::table() {
 
 }  // namespace
 
-ObjectRef makeGridObject(std::shared_ptr<GridEngine> engine) { return makeObject<GridObject>(engine); }
+ObjectRef makeGridObject(std::shared_ptr<GridEngine> engine) {
+  return makeObject<GridObject>(std::move(engine));
+}
 
 }  // namespace vmgv

@@ -1,4 +1,5 @@
 // Finds out what kind of table a file is.
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -11,15 +12,15 @@
 namespace vmgv {
 namespace {
 
-constexpr std::string_view kSqliteMark("SQLite format 3", 16);  // with its NUL
+constexpr char kSqliteMark[] = "SQLite format 3";  // its NUL is part of it
 
 std::filesystem::path pathOf(const std::string& file) { return std::u8string(file.begin(), file.end()); }
 
 bool isSqlite(const std::string& file) {
-  std::array<char, kSqliteMark.size()> start{};
+  std::array<char, sizeof kSqliteMark> start{};
   std::ifstream stream(pathOf(file), std::ios::binary);
   stream.read(start.data(), start.size());
-  return std::string_view(start.data(), static_cast<std::size_t>(stream.gcount())) == kSqliteMark;
+  return std::equal(start.begin(), start.end(), std::begin(kSqliteMark));
 }
 
 }  // namespace

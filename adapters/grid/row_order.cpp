@@ -147,7 +147,8 @@ struct Part {
   unsigned shift, bits;
 };
 
-// The parts of each word, most significant word and part first.
+// The parts of each word, most significant part first; the least significant word first, as it is sorted
+// first.
 std::vector<std::vector<Part>> packed(const std::vector<Numerals>& all, unsigned room) {
   std::vector<std::vector<Part>> words;
   unsigned left = 0;
@@ -163,6 +164,7 @@ std::vector<std::vector<Part>> packed(const std::vector<Numerals>& all, unsigned
       words.back().push_back({&numerals, rest, bits});
     }
   }
+  std::reverse(words.begin(), words.end());
   return words;
 }
 
@@ -177,14 +179,13 @@ std::vector<std::uint32_t> sortedRecords(std::span<const OrderKey> keys, std::si
   const std::uint64_t recordMask = (std::uint64_t{1} << recordBits) - 1;
   std::vector<std::uint64_t> words(rows);
   std::iota(words.begin(), words.end(), std::uint64_t{0});
-  const auto wordParts = packed(all, 64 - recordBits);
-  for (auto parts = wordParts.rbegin(); parts != wordParts.rend(); ++parts) {
+  for (const std::vector<Part>& parts : packed(all, 64 - recordBits)) {
     unsigned bits = 0;
-    for (const Part& part : *parts) bits += part.bits;
+    for (const Part& part : parts) bits += part.bits;
     for (std::uint64_t& word : words) {
       const std::uint64_t record = word & recordMask;
       std::uint64_t key = 0;
-      for (const Part& part : *parts) {
+      for (const Part& part : parts) {
         const std::uint64_t numeral = part.numerals->values[record] >> part.shift;
         key = (key << part.bits) | (numeral & ((std::uint64_t{1} << part.bits) - 1));
       }

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "adapters/grid/utf8.h"
 #include "support/automation/class_table.h"
 #include "support/automation/error.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {
@@ -69,8 +69,10 @@ SqliteSource::SqliteSource(const std::string& path, const std::string& table) : 
 
 std::vector<ColumnSpec> SqliteSource::columns() {
   const Statement rows = selectAll();
+  const int count = sqlite3_column_count(rows.get());
   std::vector<ColumnSpec> specs;
-  for (int i = 0; i < sqlite3_column_count(rows.get()); ++i) {
+  specs.reserve(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) {
     specs.push_back(
         {sqlite3_column_name(rows.get(), i), {}, declaredType(sqlite3_column_decltype(rows.get(), i))});
   }

@@ -17,7 +17,7 @@ class SqliteSource final : public RowSource {
 
   std::string name() const override { return path_ + '#' + table_; }
   std::vector<ColumnSpec> columns() override;
-  void read(RowSink& rows, Problems& problems) override;
+  void read(RowSink& sink, Problems& problems) override;
 
  private:
   struct Closer {
