@@ -59,8 +59,9 @@ void CsvSource::readHeader(Problems& problems) {
       } while (used.contains(name) || given.contains(name));
     }
     if (title != name) {
-      problems.add(where, "column " + number + (title.empty() ? " has no name" : " has the name of another") +
-                              "; it is called \"" + name + '"');
+      std::string what = "column " + number;
+      what += title.empty() ? " has no name" : " has the name of another";
+      problems.add(where, what.append("; it is called \"").append(name).append("\""));
     }
     used.insert(name);
     columns_.push_back({std::move(name)});
