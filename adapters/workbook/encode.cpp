@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "support/text/utf8.h"
+
 namespace vmgv::workbook {
 namespace {
 
@@ -184,8 +186,7 @@ int wrappedLines(std::string_view text, double width) {
   for (;;) {
     const std::size_t feed = text.find('\n');
     const std::string_view line = text.substr(0, feed);
-    const auto characters =
-        std::count_if(line.begin(), line.end(), [](char c) { return (static_cast<Byte>(c) & 0xC0) != 0x80; });
+    const std::size_t characters = countCharacters(line);
     lines += std::max(1, static_cast<int>(std::ceil(static_cast<double>(characters) / width)));
     if (feed == std::string_view::npos) return lines;
     text.remove_prefix(feed + 1);

@@ -1,9 +1,9 @@
 #include "frontends/common/settings_file.h"
+#include "support/text/utf8.h"
 
 #include <fstream>
 #include <string_view>
 
-#include "frontends/common/utf8.h"
 
 namespace vmgv {
 namespace {

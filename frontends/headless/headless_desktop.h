@@ -11,9 +11,6 @@ namespace vmgv {
 
 class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public User {
  public:
-  // Null: nobody acts. The handler must outlive its stay.
-  IdleHandler* setIdleHandler(IdleHandler* handler) noexcept { return std::exchange(idle_, handler); }
-
   // Every box shown so far, in order.
   const std::vector<Box>& boxes() const noexcept { return boxes_; }
 
@@ -42,6 +39,9 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   void answer(MessageResult result) override;
   void pick(const std::optional<std::string>& path) override;
   void picture(const std::string& path) override;
+  IdleHandler* setIdleHandler(IdleHandler* handler) noexcept override {
+    return std::exchange(idle_, handler);
+  }
 
  private:
   struct OpenBox {

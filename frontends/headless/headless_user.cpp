@@ -1,10 +1,10 @@
 // What the user of a desktop without a screen does and sees.
 #include <filesystem>
 
-#include "frontends/common/utf8.h"
 #include "frontends/headless/headless_desktop.h"
 #include "frontends/headless/tab_order.h"
 #include "support/automation/error.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {

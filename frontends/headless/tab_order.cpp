@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "frontends/user/user.h"
+
 namespace vmgv {
 namespace {
 
@@ -36,13 +38,7 @@ std::size_t stepped(std::size_t at, std::size_t count, bool backwards) {
 
 }  // namespace
 
-bool canTakeFocus(const Control& control) {
-  if (!control.focusable()) return false;
-  for (const Control* at = &control; at; at = at->container()) {
-    if (!at->visible() || !at->enabled()) return false;
-  }
-  return true;
-}
+bool canTakeFocus(const Control& control) { return control.focusable() && isUsable(control); }
 
 Control* nextStop(const Form& form, const Control* from, bool backwards) {
   const auto& controls = form.controls();

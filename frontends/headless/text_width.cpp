@@ -1,10 +1,10 @@
 #include "frontends/headless/text_width.h"
+#include "support/text/utf8.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 
-#include "frontends/common/utf8.h"
 
 namespace vmgv {
 namespace {

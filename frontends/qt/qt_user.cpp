@@ -8,12 +8,12 @@
 #include <QPushButton>
 #include <filesystem>
 
-#include "frontends/common/utf8.h"
 #include "frontends/qt/form_window.h"
 #include "frontends/qt/gestures.h"
 #include "frontends/qt/keys.h"
 #include "frontends/qt/qt_desktop.h"
 #include "support/automation/error.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {

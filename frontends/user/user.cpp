@@ -2,6 +2,13 @@
 
 namespace vmgv {
 
+bool isUsable(const Control& control) {
+  for (const Control* at = &control; at; at = at->container()) {
+    if (!at->visible() || !at->enabled()) return false;
+  }
+  return true;
+}
+
 void requireUsable(const Control& control) {
   for (const Control* at = &control; at; at = at->container()) {
     if (!at->visible()) throw CannotDo(at->address() + " is hidden");

@@ -63,11 +63,16 @@ class User {
   virtual void answer(MessageResult result) = 0;                  // a message box
   virtual void pick(const std::optional<std::string>& path) = 0;  // a file picker; nothing is Cancel
 
+  // Who acts from now on, and who did before. Null: nobody, or on a screen a person. The handler must outlive
+  // its stay.
+  virtual IdleHandler* setIdleHandler(IdleHandler* handler) noexcept = 0;
+
   // A picture of the topmost window as PNG. Error where there is no screen or the file cannot be written.
   virtual void picture(const std::string& path) = 0;
 };
 
-// The checks that hold on every front end: visible and enabled, with its containers.
-void requireUsable(const Control& control);
+// Visible and enabled, with its containers: what a user can act on, on every front end.
+bool isUsable(const Control& control);
+void requireUsable(const Control& control);  // throws CannotDo
 
 }  // namespace vmgv

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QPalette>
 #include <QStyleFactory>
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
@@ -11,6 +10,7 @@
 #include "adapters/grid/grid_object.h"
 #include "control/vmgr_edit.h"
 #include "frontends/qt/qt_desktop.h"
+#include "support/text/utf8.h"
 
 namespace {
 
@@ -26,8 +26,7 @@ class LongerTexts final : public EmbeddedStringService {
  public:
   std::string GetString(std::string_view application, std::string_view key) const override {
     std::string text = EmbeddedStringService::GetString(application, key);
-    const auto letters = std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
-    for (long i = 0; i < (letters + 4) / 5; ++i) text += "ω";
+    for (auto more = (countCharacters(text) + 4) / 5; more > 0; --more) text += "ω";
     return text;
   }
 };

@@ -17,13 +17,6 @@ std::string namesOf(unsigned places) {
   return places == kAtBox ? "a box" : "a dialog or box";
 }
 
-bool usable(const Control& control) {
-  for (const Control* at = &control; at; at = at->container()) {
-    if (!at->visible() || !at->enabled()) return false;
-  }
-  return true;
-}
-
 }  // namespace
 
 Player::Player(std::filesystem::path script, std::filesystem::path outFolder, Stage stage,
@@ -126,7 +119,7 @@ Player::Outlook Player::outlook() const {
 bool Player::fitsNow() {
   if (!outlook_.known) outlook_ = outlook();
   if (!outlook_.form || outlook_.form != actions_.user().form()) return false;
-  if (outlook_.control && !usable(*outlook_.control)) return false;
+  if (outlook_.control && !isUsable(*outlook_.control)) return false;
   return !outlook_.watch || outlook_.watch->reached();
 }
 

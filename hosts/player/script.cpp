@@ -1,11 +1,11 @@
 #include "hosts/player/script.h"
+#include "support/text/utf8.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <string_view>
 
-#include "frontends/common/utf8.h"
 
 namespace vmgv {
 namespace {

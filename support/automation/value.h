@@ -70,9 +70,8 @@ inline constexpr ValueType kTypeOf =
 
 // A tagged union by hand: a dozen of these are made and dropped for each cell of an export, and a
 // std::variant goes through a table of functions each time.
-class Value {
+class Value {  // NOLINT(cppcoreguidelines-pro-type-member-init): bytes_ mean nothing until hold() fills them
  public:
-  // NOLINTBEGIN(cppcoreguidelines-pro-type-member-init): bytes_ mean nothing until hold() fills them
   Value() noexcept = default;  // Empty
   Value(Missing v) noexcept { hold(v); }
   Value(Null v) noexcept { hold(v); }
@@ -96,7 +95,6 @@ class Value {
 
   Value(const Value& other) { copy(other); }
   Value(Value&& other) noexcept { move(std::move(other)); }
-  // NOLINTEND(cppcoreguidelines-pro-type-member-init)
   Value& operator=(const Value& other) { return *this = Value(other); }
   Value& operator=(Value&& other) noexcept {
     if (this != &other) {

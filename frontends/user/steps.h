@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "frontends/headless/headless_desktop.h"
+#include "frontends/user/user.h"
 
 namespace vmgv {
 
@@ -22,11 +22,11 @@ class Steps final : public IdleHandler {
  public:
   using Step = std::function<void()>;
 
-  Steps(HeadlessDesktop& desktop, std::vector<Step> steps)
-      : desktop_(desktop), steps_(std::move(steps)), before_(desktop.setIdleHandler(this)) {}
+  Steps(User& user, std::vector<Step> steps)
+      : user_(user), steps_(std::move(steps)), before_(user.setIdleHandler(this)) {}
   Steps(const Steps&) = delete;
   Steps& operator=(const Steps&) = delete;
-  ~Steps() override { desktop_.setIdleHandler(before_); }
+  ~Steps() override { user_.setIdleHandler(before_); }
 
   // At each yield of a long operation.
   Step whileWorking;
@@ -59,7 +59,7 @@ class Steps final : public IdleHandler {
     }
   }
 
-  HeadlessDesktop& desktop_;
+  User& user_;
   std::vector<Step> steps_;
   IdleHandler* before_;
   std::size_t next_ = 0;
