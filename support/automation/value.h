@@ -68,9 +68,10 @@ inline constexpr ValueType kTypeOf =
     detail::typeAmong<T, Missing, Null, bool, std::int16_t, std::int32_t, float, double, Currency, Decimal,
                       Date, std::string, ObjectRef>();
 
+// NOLINTBEGIN(cppcoreguidelines-pro-type-member-init): bytes_ mean nothing until hold() fills them
 // A tagged union by hand: a dozen of these are made and dropped for each cell of an export, and a
 // std::variant goes through a table of functions each time.
-class Value {  // NOLINT(cppcoreguidelines-pro-type-member-init): bytes_ mean nothing until hold() fills them
+class Value {
  public:
   Value() noexcept = default;  // Empty
   Value(Missing v) noexcept { hold(v); }
@@ -191,6 +192,7 @@ class Value {  // NOLINT(cppcoreguidelines-pro-type-member-init): bytes_ mean no
   alignas(std::string) std::byte bytes_[sizeof(std::string)];
   ValueType type_ = ValueType::Empty;
 };
+// NOLINTEND(cppcoreguidelines-pro-type-member-init)
 
 // "Empty", "Null", "Boolean", ..., "Error" for an omitted argument, "Nothing", or the object's class.
 std::string typeName(const Value& value);
