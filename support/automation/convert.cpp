@@ -49,7 +49,7 @@ T toWhole(const Value& value) {
 
 }  // namespace
 
-Value plain(Value value) {
+Value plainOfObject(Value value) {
   // A default member may answer with an object again; a chain this long has no end.
   for (int depth = 0; value.isObject(); ++depth) {
     if (depth == 16) throw Error(ErrorNumber::TypeMismatch);

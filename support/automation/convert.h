@@ -21,7 +21,8 @@ double toDouble(const Value& value);
 std::string toText(const Value& value);
 
 // What an object stands for: its default member, repeatedly; other values are returned as they are.
-Value plain(Value value);
+Value plainOfObject(Value object);
+inline Value plain(Value value) { return value.isObject() ? plainOfObject(std::move(value)) : value; }
 
 // Comparisons of a value with a literal. A text that is no number never equals one.
 bool equals(const Value& value, std::string_view text);  // Null and Missing equal nothing

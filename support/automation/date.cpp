@@ -1,5 +1,6 @@
 #include "support/automation/date.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 
@@ -8,20 +9,24 @@
 namespace vmgv {
 namespace {
 
+constexpr std::size_t kLongestToken = 4;  // digits
 constexpr int kSecondsPerDay = 86400;
 constexpr double kFirstDay = -657434;  // 0100-01-01
 constexpr double kLastDay = 2958465;   // 9999-12-31
 constexpr std::chrono::sys_days kDayZero{std::chrono::year{1899} / 12 / 30};
 
-void appendNumber(std::string& text, int number, unsigned width) {
-  char reversed[12];
-  unsigned length = 0;
-  do {
-    reversed[length++] = static_cast<char>('0' + number % 10);
-    number /= 10;
-  } while (number > 0);
-  while (length < width) reversed[length++] = '0';
-  while (length > 0) text += reversed[--length];
+// At least `width` digits.
+char* putNumber(char* out, int number, int width) {
+  if (number < 100 && width == 2) {
+    *out++ = static_cast<char>('0' + number / 10);
+    *out++ = static_cast<char>('0' + number % 10);
+    return out;
+  }
+  int digits = 1;
+  for (int rest = number; rest > 9; rest /= 10) ++digits;
+  digits = std::max(digits, width);
+  for (int i = digits; i > 0; number /= 10) out[--i] = static_cast<char>('0' + number % 10);
+  return out + digits;
 }
 
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
@@ -75,7 +80,7 @@ DatePattern::DatePattern(std::string_view pattern) {
     const char letter = pattern[at];
     std::size_t end = at + 1;
     while (end < pattern.size() && pattern[end] == letter) ++end;
-    const auto width = static_cast<unsigned char>(end - at);
+    const auto width = static_cast<unsigned char>(std::min(end - at, kLongestToken));
     Part part = Part::Literal;
     switch (lower(letter)) {
       case 'd': part = Part::Day; break;
@@ -99,22 +104,28 @@ DatePattern::DatePattern(std::string_view pattern) {
 
 std::string DatePattern::format(Date date) const {
   const CivilTime time = civilTime(date);
-  std::string text;
-  text.reserve(24);
+  std::string text(tokens_.size() * kLongestToken, '\0');
+  char* out = text.data();
   for (const Token& token : tokens_) {
     switch (token.part) {
-      case Part::Literal: text += token.character; break;
-      case Part::Day: appendNumber(text, time.day, token.width); break;
-      case Part::Month: appendNumber(text, time.month, token.width); break;
-      case Part::Year: appendNumber(text, token.width > 2 ? time.year : time.year % 100, token.width); break;
-      case Part::Hour:
-        appendNumber(text, twelveHours_ ? (time.hour + 11) % 12 + 1 : time.hour, token.width);
+      case Part::Literal: *out++ = token.character; break;
+      case Part::Day: out = putNumber(out, time.day, token.width); break;
+      case Part::Month: out = putNumber(out, time.month, token.width); break;
+      case Part::Year:
+        out = putNumber(out, token.width > 2 ? time.year : time.year % 100, token.width);
         break;
-      case Part::Minute: appendNumber(text, time.minute, token.width); break;
-      case Part::Second: appendNumber(text, time.second, token.width); break;
-      case Part::AmPm: text += time.hour < 12 ? "AM" : "PM"; break;
+      case Part::Hour:
+        out = putNumber(out, twelveHours_ ? (time.hour + 11) % 12 + 1 : time.hour, token.width);
+        break;
+      case Part::Minute: out = putNumber(out, time.minute, token.width); break;
+      case Part::Second: out = putNumber(out, time.second, token.width); break;
+      case Part::AmPm:
+        *out++ = time.hour < 12 ? 'A' : 'P';
+        *out++ = 'M';
+        break;
     }
   }
+  text.resize(static_cast<std::size_t>(out - text.data()));
   return text;
 }
 

@@ -16,9 +16,6 @@ MemberId Member::resolve(Object& object, ClassId id) const {
   return found;
 }
 
-Object& ObjectRef::required() const {
-  if (!object_) throw Error(ErrorNumber::ObjectNotSet);
-  return *object_;
-}
+void ObjectRef::failNotSet() { throw Error(ErrorNumber::ObjectNotSet); }
 
 }  // namespace vmgv

@@ -118,7 +118,11 @@ class ObjectRef {
   Value item(A&&... args) const;
 
  private:
-  Object& required() const;
+  Object& required() const {
+    if (!object_) failNotSet();
+    return *object_;
+  }
+  [[noreturn]] static void failNotSet();
 
   Object* object_ = nullptr;
 };
