@@ -8,7 +8,7 @@
 #include "adapters/workbook/application.h"
 #include "bench/measure.h"
 #include "control/vmgr_edit.h"
-#include "frontends/headless/steps.h"
+#include "frontends/user/steps.h"
 
 namespace {
 

@@ -141,6 +141,7 @@ MessageResult QtDesktop::messageBox(const std::string& text, MessageStyle style,
   dialog.setDefaultButton(static_cast<QPushButton*>(open.buttons.front().second));
   dialog.setEscapeButton(open.buttons.back().second);
 
+  boxes_.push_back(open.box);
   const OnTop place(*this, {nullptr, &open}, [&] { dialog.reject(); });
   dialog.exec();
   for (const auto& [result, button] : open.buttons) {
@@ -162,6 +163,7 @@ std::optional<std::string> QtDesktop::pickFile(const FileRequest& request) {
   nameParts(dialog);
 
   OpenBox open{{Box::Kind::File, request.title, {}, {}, request}, dialog};
+  boxes_.push_back(open.box);
   const OnTop place(*this, {nullptr, &open}, [&] { dialog.reject(); });
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   return utf8(dialog.selectedFiles().constFirst());

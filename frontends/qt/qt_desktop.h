@@ -23,12 +23,13 @@ namespace vmgv {
 
 class FormWindow;
 
-class QtDesktop final : public QtSystem, public WindowPort, public User, private UserActs {
+class QtDesktop : public QtSystem, public WindowPort, public User, private UserActs {
  public:
-  // Null: a person acts. The handler must outlive its stay.
-  IdleHandler* setIdleHandler(IdleHandler* handler) noexcept { return std::exchange(idle_, handler); }
   // What dialogs stand over where no window is active, and what a picture shows where no dialog is open.
   void setMainWindow(QWidget* window) { mainWindow_ = window; }
+
+  // Every box shown so far, in order.
+  const std::vector<Box>& boxes() const noexcept { return boxes_; }
 
   // Runs what a slot of the host's was asked for: an error becomes a message, and never passes through Qt.
   void run(const std::function<void()>& act) noexcept override;
@@ -56,6 +57,9 @@ class QtDesktop final : public QtSystem, public WindowPort, public User, private
   void answer(MessageResult result) override;
   void pick(const std::optional<std::string>& path) override;
   void picture(const std::string& path) override;
+  IdleHandler* setIdleHandler(IdleHandler* handler) noexcept override {
+    return std::exchange(idle_, handler);
+  }
 
  private:
   struct OpenBox {
@@ -81,6 +85,7 @@ class QtDesktop final : public QtSystem, public WindowPort, public User, private
   IdleHandler* idle_ = nullptr;
   QPointer<QWidget> mainWindow_;
   std::vector<Shown> shown_;
+  std::vector<Box> boxes_;
   bool pumping_ = false;  // inside doEvents
   std::chrono::steady_clock::time_point lastPump_;
 };

@@ -10,7 +10,7 @@ int runHeadless(const Options& options) {
   desktop.setSettings(readSettings());
   Session session(desktop, options);
   session.load();
-  return session.play(desktop, [&](IdleHandler* handler) { desktop.setIdleHandler(handler); });
+  return session.play(desktop);
 }
 
 }  // namespace vmgv

@@ -50,9 +50,7 @@ int runQt(const Options& options, char* program) {
   if (options.script) {
     QTimer::singleShot(0, &window, [&] {
       int status = 1;
-      desktop.run([&] {
-        status = session.play(desktop, [&](IdleHandler* handler) { desktop.setIdleHandler(handler); });
-      });
+      desktop.run([&] { status = session.play(desktop); });
       QApplication::exit(status);
     });
   }

@@ -32,14 +32,14 @@ void Session::load() {
   if (problems_.more() > 0) std::cerr << "... and " << problems_.more() << " more\n";
 }
 
-int Session::play(User& user, const std::function<void(IdleHandler*)>& setIdleHandler) {
+int Session::play(User& user) {
   const Stage stage{control_, grid_, user,
                     [this](const std::vector<std::int32_t>& rows) { engine_->select(rows); },
                     [this](const std::filesystem::path& file) { workbook_ = file; }};
   Player player(*options_.script, options_.out, stage, std::cerr);
-  setIdleHandler(&player);
+  user.setIdleHandler(&player);
   const int status = player.run();
-  setIdleHandler(nullptr);
+  user.setIdleHandler(nullptr);
   if (status != 0) return status;
   std::cout << options_.script->string() << ": done";
   for (const std::string& workbook : written_) std::cout << ", " << workbook;

@@ -33,7 +33,7 @@ class Session final : private WorkbookHost {
   const ObjectRef& control() const noexcept { return control_; }
 
   // Carries the options' script out and tells on standard output what was written. The exit status.
-  int play(User& user, const std::function<void(IdleHandler*)>& setIdleHandler);
+  int play(User& user);
 
   // Where workbooks go that no script names.
   std::filesystem::path documents = ".";

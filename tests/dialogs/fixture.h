@@ -1,13 +1,14 @@
-// A control over a fake grid, on a desktop without a screen.
+// A control over a fake grid, on the desktop of the front end that is tested.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include "control/vmgr_edit.h"
-#include "frontends/headless/steps.h"
+#include "frontends/user/steps.h"
 #include "tests/dialogs/fake_excel.h"
 #include "tests/dialogs/fake_grid.h"
 #include "tests/dialogs/fake_object.h"
+#include VMG_TEST_DESKTOP  // a TestDesktop: a front end that remembers the help asked for
 
 namespace vmgv {
 
@@ -55,7 +56,7 @@ struct DialogFixture {
   FakeExcel excel;
   bool excelInstalled = true;
   EmbeddedStringService strings;
-  HeadlessDesktop desktop;
+  TestDesktop desktop;
   Application application{desktop, desktop, strings};
   ObjectRef control = makeObject<vmgrEdit>(application);
 };

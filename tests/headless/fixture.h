@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "frontends/headless/steps.h"
+#include "frontends/headless/headless_desktop.h"
+#include "frontends/user/steps.h"
 
 namespace vmgv {
 

@@ -78,6 +78,7 @@ TEST_F(BoxesTest, MessagesSpeakTheLanguageOfTheProcess) {
                  desktop.answer(MessageResult::No);
                }});
     EXPECT_EQ(desktop.messageBox("<b>1 < 2</b> & so", MessageStyle::Question, ""), MessageResult::No);
+    user.finish();
     found.sort();
     QStringList expected = each.buttons;
     expected.sort();
@@ -101,6 +102,7 @@ TEST_F(BoxesTest, ThePickerGivesFilesThatExist) {
                       });
   EXPECT_EQ(desktop.pickFile(request), utf8(QFileInfo(file.fileName()).absoluteFilePath()));
   EXPECT_EQ(desktop.pickFile(request), std::nullopt);
+  user.finish();
 }
 
 TEST_F(BoxesTest, LongWorkLetsTheUserIn) {
@@ -127,6 +129,7 @@ TEST_F(BoxesTest, LongWorkLetsTheUserIn) {
     if (rows == 50'000) desktop.click(form.cmdCancel);
   };
   desktop.showModal(form);
+  user.finish();
   EXPECT_EQ(rows, 50'001);
   EXPECT_GT(timers, 0);
 }

@@ -4,49 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <exception>
-#include <functional>
 #include <vector>
 
 #include "frontends/qt/qt_desktop.h"
+#include "frontends/user/steps.h"
 
 namespace vmgv {
-
-class Steps final : public IdleHandler {
- public:
-  using Step = std::function<void()>;
-  Steps(QtDesktop& desktop, std::vector<Step> steps) : desktop_(desktop), steps_(std::move(steps)) {
-    desktop_.setIdleHandler(this);
-  }
-  ~Steps() override {
-    desktop_.setIdleHandler(nullptr);
-    EXPECT_EQ(next_, steps_.size()) << "steps that nothing waited for";
-  }
-
-  Step whileWorking;
-
-  bool waiting() override {
-    if (next_ == steps_.size()) return false;
-    carryOut(steps_[next_++]);
-    return true;
-  }
-  void yielding() override {
-    if (whileWorking) carryOut(whileWorking);
-  }
-
- private:
-  static void carryOut(const Step& step) {
-    try {
-      step();
-    } catch (const std::exception& error) {
-      ADD_FAILURE() << error.what();
-    }
-  }
-
-  QtDesktop& desktop_;
-  std::vector<Step> steps_;
-  std::size_t next_ = 0;
-};
 
 struct SampleForm : Form {
   SampleForm() : Form("frmSample") {
@@ -101,6 +64,7 @@ class QtTest : public testing::Test {
     form.layOut(desktop);
     Steps user(desktop, std::move(steps));
     desktop.showModal(form);
+    user.finish();
   }
 
   QtDesktop desktop;

@@ -53,6 +53,7 @@ TEST_F(HelpTest, AMissingPageIsNamed) {
                desktop.answer(MessageResult::Ok);
              }});
   desktop.openHelp(nullptr, helpFile(), HelpCommand::Topic, "gridViewsSorting.htm");
+  user.finish();
   EXPECT_TRUE(browser.opened.isEmpty());
   EXPECT_EQ(message,
             "Η σελίδα βοήθειας el/gridViewsSorting.htm δεν υπάρχει στον φάκελο " + utf8(folder.path()) + ".");

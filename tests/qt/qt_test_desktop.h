@@ -1,0 +1,30 @@
+// The dialogs' tests on Qt widgets.
+#pragma once
+
+#include "frontends/qt/qt_desktop.h"
+
+namespace vmgv {
+
+class TestDesktop final : public QtDesktop {
+ public:
+  TestDesktop() { setIdleHandler(&nobody_); }
+
+  struct HelpCall {
+    std::string file, topic;
+  };
+  const std::vector<HelpCall>& helpCalls() const noexcept { return helpCalls_; }
+  std::intptr_t openHelp(Form*, const std::string& file, HelpCommand, const std::string& topic) override {
+    helpCalls_.push_back({file, topic});
+    return 0;
+  }
+
+ private:
+  struct Nobody final : IdleHandler {  // what opens without a step closes again
+    bool waiting() override { return false; }
+    void yielding() override {}
+  };
+  Nobody nobody_;
+  std::vector<HelpCall> helpCalls_;
+};
+
+}  // namespace vmgv
