@@ -48,7 +48,7 @@ class QtDesktop::OnTop {
     // A timer of its own for each loop: a timer does not fire inside its own slot, where the nested loop of a
     // dialog that a step opened runs.
     QObject::connect(&idle_, &QTimer::timeout, &idle_, [this, giveUp = std::move(giveUp)] {
-      if (desktop_.pumping_) return;  // the program is at work
+      if (desktop_.pumping_ || desktop_.topIsOver()) return;  // the program is at work
       desktop_.run([&] {
         if (!desktop_.idle_ || !desktop_.idle_->waiting()) giveUp();
       });
@@ -84,6 +84,13 @@ void QtDesktop::run(const std::function<void()>& act) noexcept {
     tell("An unknown error has occurred!");
   }
   followAll();
+}
+
+// Closed or answered, but its loop has not ended yet.
+bool QtDesktop::topIsOver() const {
+  if (shown_.empty()) return true;
+  const Shown& top = shown_.back();
+  return top.window ? !top.window->form().isOpen() : !top.box->dialog.isVisible();
 }
 
 void QtDesktop::tellUser(const QString& text) { messageBox(utf8(text), MessageStyle::Information, {}); }

@@ -76,6 +76,7 @@ class QtDesktop : public QtSystem, public WindowPort, public User, private UserA
   void tellUser(const QString& text) override;
   void followAll();
   QWidget* owner() const;
+  bool topIsOver() const;
   std::unique_ptr<Binding> probe(const Control& control, QWidget& parent);
 
   FormWindow& topWindow();

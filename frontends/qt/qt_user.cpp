@@ -55,15 +55,12 @@ void walkTo(QWidget& list, int entry, int count) {
 
 }  // namespace
 
-// A form that was closed while its program still works takes nothing any more.
+// What is over while its program still works takes nothing any more.
 Form* QtDesktop::form() {
-  FormWindow* top = shown_.empty() ? nullptr : shown_.back().window;
-  return top && top->form().isOpen() ? &top->form() : nullptr;
+  return topIsOver() || !shown_.back().window ? nullptr : &shown_.back().window->form();
 }
 
-const Box* QtDesktop::box() {
-  return shown_.empty() || !shown_.back().box ? nullptr : &shown_.back().box->box;
-}
+const Box* QtDesktop::box() { return topIsOver() || !shown_.back().box ? nullptr : &shown_.back().box->box; }
 
 FormWindow& QtDesktop::topWindow() {
   if (form()) return *shown_.back().window;
