@@ -8,6 +8,7 @@
 #include "adapters/workbook/application.h"
 #include "bench/measure.h"
 #include "control/vmgr_edit.h"
+#include "frontends/headless/headless_desktop.h"
 #include "frontends/user/steps.h"
 
 namespace {
