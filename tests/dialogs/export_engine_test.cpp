@@ -102,8 +102,8 @@ TEST(ExportEngine, PreviewRowsAreMergedUnderTheirRecords) {
     EXPECT_EQ(f.excel.cell(6, 1), "Long:5");
     EXPECT_EQ(f.excel.cell(7, 1), "Long:7");  // no line under a record without a text
     EXPECT_EQ(f.excel.cell(8, 1), "String:1.5");
-    EXPECT_EQ(f.excel.log, (Log{"Wrap 3,1-3,2", "Merge 3,1-3,2", "Wrap 5,1-5,2", "Merge 5,1-5,2",
-                                "Wrap 8,1-8,2", "Merge 8,1-8,2", "AutoFit", "Visible"}));
+    EXPECT_EQ(f.excel.log, (Log{"WrapText 3,1-3,2", "Merge 3,1-3,2", "WrapText 5,1-5,2", "Merge 5,1-5,2",
+                                "WrapText 8,1-8,2", "Merge 8,1-8,2", "AutoFit", "Visible"}));
   }
   {
     DialogFixture f(grid);
@@ -277,7 +277,7 @@ TEST(ExportEngine, TemplatesAndPivotTables) {
       {true, true, 2, {"Open " + path, "ClearContents", "AutoFit", "Refresh 1", "Refresh 2", "Visible"}},
       {true, false, 2, {"Open " + path, "ClearContents", "AutoFit", "Visible"}},
       {true, true, 0, {"Open " + path, "ClearContents", "AutoFit", "Visible"}},
-      {false, true, 0, {"AutoFit", "Wizard", "Update", "Visible"}},
+      {false, true, 0, {"AutoFit", "PivotTableWizard", "Update", "Visible"}},
   };
   for (const auto& c : cases) {
     FakeGrid grid = gridOfColumns(1);

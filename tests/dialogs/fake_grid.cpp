@@ -1,6 +1,7 @@
 #include "tests/dialogs/fake_grid.h"
 
-#include "grid/contract.h"
+#include <algorithm>
+
 #include "tests/dialogs/fake_object.h"
 
 namespace vmgv {
@@ -13,147 +14,110 @@ std::size_t place(const Args& args, std::size_t count) {
   return static_cast<std::size_t>(index) - 1;
 }
 
-template <class T>
-FakeObject::Handler property(T& held) {
-  return [&held](Access access, Args args) -> Value {
-    if (access == Access::Get) return held;
-    if constexpr (std::is_same_v<T, bool>) {
-      held = toBoolean(args[0]);
-    } else {
-      held = args[0];
-    }
-    return {};
-  };
-}
-
-void indexed(FakeObject& object, const FakeObject::Handler& handler) {
-  object.on("", handler).on("Item", handler);
-}
-
 Value countOf(const auto& list) { return static_cast<std::int32_t>(list.size()); }
+
+[[noreturn]] void lacks(const std::string& type, const std::string& name) {
+  throw Error(ErrorNumber::MemberNotFound, type + " lacks " + name);
+}
 
 }  // namespace
 
-ObjectRef FakeGrid::columnObject(std::size_t i) {
-  ObjectRef ref;
-  FakeColumn& column = columns[i];
-  FakeObject* object = make(ref, "Column");
-  const auto number = static_cast<std::int32_t>(i + 1);
-  object->on("Index", [number](Access, Args) -> Value { return number; })
-      .on("Key", [number](Access, Args) -> Value { return "k" + std::to_string(number); })
-      .on("Caption", [&column](Access, Args) -> Value { return column.caption; })
-      .on("Visible", property(column.visible))
-      .on("ColPosition",
-          [&column, number](Access, Args) -> Value { return column.position ? column.position : number; })
-      .on("HasValueList", [&column](Access, Args) -> Value { return !column.valueList.empty(); })
-      .on("ValueList", [&column](Access, Args) -> Value {
-        ObjectRef list;
-        make(list, "ValueList")->on("ItemByValue", [&column](Access, Args args) -> Value {
-          for (const auto& [value, text] : column.valueList) {
-            if (!(value == args[0])) continue;
-            ObjectRef item;
-            make(item, "ValueItem")->on("Text", [text = text](Access, Args) -> Value { return text; });
-            return item;
-          }
-          throw Error(ErrorNumber::SubscriptOutOfRange);
-        });
-        return list;
-      });
-  return ref;
-}
+// One element of a collection, by its place.
+class FakeGrid::Item final : public NamedObject {
+ public:
+  Item(FakeGrid& grid, const char* type, std::size_t at, Value value = {})
+      : NamedObject(type), grid_(grid), at_(at), value_(std::move(value)) {}
 
-ObjectRef FakeGrid::columnsObject() {
-  ObjectRef ref;
-  FakeObject* object = make(ref, "Columns");
-  object->on("Count", [this](Access, Args) { return countOf(columns); });
-  indexed(*object, [this](Access, Args args) -> Value { return columnObject(place(args, columns.size())); });
-  return ref;
-}
+ private:
+  Value answer(const std::string& name, Access, Args args) override {
+    const std::string type = typeName();
+    if (type == "SelectedItem" && name == "RowPosition") return grid_.selected[at_];
+    if (type == "ListItem" && name == "Text") return value_;
+    if (type == "ValueList" && name == "ItemByValue") {
+      for (const auto& [value, text] : grid_.columns[at_].valueList) {
+        if (value == args[0]) return makeObject<Item>(grid_, "ListItem", at_, text);
+      }
+      throw Error(ErrorNumber::SubscriptOutOfRange);
+    }
+    if (type == "SortKey") return name == "ColIndex" ? grid_.sortKeys[at_].first : grid_.sortKeys[at_].second;
+    if (type == "Row") {
+      const FakeRow& row = grid_.rows[at_];
+      return name == "RowType" ? Value(row.type) : row.values[place(args, row.values.size())];
+    }
+    if (type != "Column") lacks(type, name);
+    const FakeColumn& column = grid_.columns[at_];
+    const auto number = static_cast<std::int32_t>(at_ + 1);
+    if (name == "Index") return number;
+    if (name == "Key") return "k" + std::to_string(number);
+    if (name == "Caption") return column.caption;
+    if (name == "Visible") return column.visible;
+    if (name == "ColPosition") return column.position ? column.position : number;
+    if (name == "HasValueList") return !column.valueList.empty();
+    if (name == "ValueList") return makeObject<Item>(grid_, "ValueList", at_);
+    lacks(type, name);
+  }
 
-ObjectRef FakeGrid::sortKeysObject() {
-  ObjectRef ref;
-  FakeObject* object = make(ref, "SortKeys");
-  object->on("Count", [this](Access, Args) { return countOf(sortKeys); })
-      .on("Clear",
-          [this](Access, Args) -> Value {
-            log.emplace_back("SortKeys.Clear");
-            sortKeys.clear();
-            return {};
-          })
-      .on("Add", [this](Access, Args args) -> Value {
-        log.push_back("SortKeys.Add " + toText(args[0]) + "," + toText(args[1]));
-        if (toLong(args[0]) < 1) throw Error(ErrorNumber::InvalidCall);
-        for (const auto& key : sortKeys) {
-          if (key.first == args[0]) throw Error(ErrorNumber::InvalidCall, "the column is a sort key already");
-        }
-        sortKeys.emplace_back(args[0], args[1]);
-        return {};
-      });
-  indexed(*object, [this](Access, Args args) -> Value {
-    const auto& key = sortKeys[place(args, sortKeys.size())];
-    ObjectRef item;
-    make(item, "SortKey")
-        ->on("ColIndex", [key](Access, Args) { return key.first; })
-        .on("SortOrder", [key](Access, Args) { return key.second; });
-    return item;
-  });
-  return ref;
-}
+  FakeGrid& grid_;
+  std::size_t at_;
+  Value value_;
+};
 
-ObjectRef FakeGrid::selectedObject() {
-  ObjectRef ref;
-  FakeObject* object = make(ref, "SelectedItems");
-  object->on("Count", [this](Access, Args) { return countOf(selected); });
-  indexed(*object, [this](Access, Args args) -> Value {
-    const std::int32_t position = selected[place(args, selected.size())];
-    ObjectRef item;
-    make(item, "SelectedItem")->on("RowPosition", [position](Access, Args) -> Value { return position; });
-    return item;
-  });
-  return ref;
-}
+// The grid itself and its collections.
+class FakeGrid::Part final : public NamedObject {
+ public:
+  Part(FakeGrid& grid, const std::string& type) : NamedObject(type), grid_(grid) {}
 
-ObjectRef FakeGrid::rowObject(std::size_t i) {
-  ObjectRef ref;
-  FakeRow& row = rows[i];
-  make(ref, "Row")
-      ->on("RowType", [&row](Access, Args) -> Value { return row.type; })
-      .on("Value", [&row](Access, Args args) { return row.values[place(args, row.values.size())]; });
-  return ref;
-}
+ private:
+  Value answer(const std::string& name, Access access, Args args) override {
+    const std::string type = typeName();
+    const bool item = name.empty() || name == "Item";
+    if (type == "Columns") return item ? itemOf("Column", args, grid_.columns) : countOf(grid_.columns);
+    if (type == "SelectedItems")
+      return item ? itemOf("SelectedItem", args, grid_.selected) : countOf(grid_.selected);
+    if (type == "Groups") return grid_.groups;
+    if (type == "SortKeys") return sortKeys(name, args);
+    if (name == "Columns" && args.has(0)) return itemOf("Column", args, grid_.columns);
+    if (name == "Columns" || name == "SelectedItems" || name == "Groups" || name == "SortKeys") {
+      return makeObject<Part>(grid_, name);
+    }
+    if (name == "PreviewColumn") return grid_.previewColumn;
+    if (name == "MultiSelect") return grid_.multiSelect;
+    if (name == "RowCount") return countOf(grid_.rows);
+    if (name == "GetRowData") return itemOf("Row", args, grid_.rows);
+    if (name == "ExpandAll") return note(name);
+    if (name != "Redraw" || access != Access::Put) lacks(type, name);
+    grid_.redraw = toBoolean(args[0]);
+    return note("Redraw=" + toText(args[0]));
+  }
 
-ObjectRef FakeGrid::object() {
-  ObjectRef ref;
-  FakeObject* object = make(ref, "GridEX");
-  object
-      ->on("Columns",
-           [this](Access, Args args) -> Value {
-             return args.has(0) ? columnsObject().item(args[0]) : Value(columnsObject());
-           })
-      .on("SortKeys", [this](Access, Args) -> Value { return sortKeysObject(); })
-      .on("SelectedItems", [this](Access, Args) -> Value { return selectedObject(); })
-      .on("Groups",
-          [this](Access, Args) -> Value {
-            ObjectRef list;
-            make(list, "Groups")->on("Count", [this](Access, Args) -> Value { return groups; });
-            return list;
-          })
-      .on("PreviewColumn", property(previewColumn))
-      .on("MultiSelect", property(multiSelect))
-      .on("RowCount", [this](Access, Args) { return countOf(rows); })
-      .on("GetRowData", [this](Access, Args args) -> Value { return rowObject(place(args, rows.size())); })
-      .on("ExpandAll",
-          [this](Access, Args) -> Value {
-            log.emplace_back("ExpandAll");
-            return {};
-          })
-      .on("Redraw", [this](Access, Args args) -> Value {
-        log.push_back("Redraw=" + toText(args[0]));
-        redraw = toBoolean(args[0]);
-        return {};
-      });
-  return ref;
-}
+  Value sortKeys(const std::string& name, Args args) {
+    auto& keys = grid_.sortKeys;
+    if (name == "Count") return countOf(keys);
+    if (name == "Clear") {
+      keys.clear();
+      return note("SortKeys.Clear");
+    }
+    if (name != "Add") return itemOf("SortKey", args, keys);
+    note("SortKeys.Add " + toText(args[0]) + "," + toText(args[1]));
+    const bool known =
+        std::any_of(keys.begin(), keys.end(), [&](const auto& key) { return key.first == args[0]; });
+    if (known || toLong(args[0]) < 1) throw Error(ErrorNumber::InvalidCall);
+    keys.emplace_back(args[0], args[1]);
+    return {};
+  }
+
+  Value itemOf(const char* type, Args args, const auto& list) {
+    return makeObject<Item>(grid_, type, place(args, list.size()));
+  }
+  Value note(const std::string& what) {
+    grid_.log.push_back(what);
+    return {};
+  }
+
+  FakeGrid& grid_;
+};
+
+ObjectRef FakeGrid::object() { return makeObject<Part>(*this, "GridEX"); }
 
 FakeGrid gridOfColumns(int count) {
   FakeGrid grid;

@@ -26,10 +26,10 @@ class FakeGrid {
   std::vector<FakeColumn> columns;
   std::vector<FakeRow> rows;
   std::vector<std::pair<Value, Value>> sortKeys;  // column index, order
-  std::vector<int> selected;                      // row positions
+  std::vector<std::int32_t> selected;             // row positions
   Value previewColumn = Null{};
   bool multiSelect = false;
-  int groups = 0;
+  std::int32_t groups = 0;
   bool redraw = true;
   // "Redraw=True", "SortKeys.Clear", "SortKeys.Add 3,-1", "ExpandAll", in order.
   std::vector<std::string> log;
@@ -37,11 +37,8 @@ class FakeGrid {
   ObjectRef object();
 
  private:
-  ObjectRef columnObject(std::size_t i);
-  ObjectRef columnsObject();
-  ObjectRef sortKeysObject();
-  ObjectRef selectedObject();
-  ObjectRef rowObject(std::size_t i);
+  class Part;
+  class Item;
 };
 
 FakeGrid gridOfColumns(int count);  // captions "C1", "C2", ...

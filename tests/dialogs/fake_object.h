@@ -1,8 +1,6 @@
-// Late-bound objects made of lambdas, and objects that fail on demand.
+// Late-bound objects for tests, and objects that fail on demand.
 #pragma once
 
-#include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -11,45 +9,28 @@
 
 namespace vmgv {
 
-// Members by name; the arguments of a put end with the new value. The member "" is the default one.
-class FakeObject final : public Object {
+// Answers by the name of the member; "" is the default one. The arguments of a put end with the new value.
+class NamedObject : public Object {
  public:
-  using Handler = std::function<Value(Access, Args)>;
-
-  explicit FakeObject(std::string typeName) : typeName_(std::move(typeName)) {}
-  FakeObject& on(const std::string& name, Handler handler) {
-    const std::string lower = lowerCase(name);
-    if (!ids_.contains(lower)) ids_[lower] = lower.empty() ? 0 : static_cast<MemberId>(ids_.size() + 1);
-    handlers_[ids_[lower]] = std::move(handler);
-    return *this;
-  }
-
+  explicit NamedObject(std::string typeName) : typeName_(std::move(typeName)) {}
   std::string typeName() const override { return typeName_; }
   ClassId classId() const noexcept override { return nullptr; }
   MemberId member(std::string_view name) override {
-    const auto found = ids_.find(lowerCase(name));
-    if (found == ids_.end())
-      throw Error(ErrorNumber::MemberNotFound, typeName_ + " lacks " + std::string(name));
-    return found->second;
+    names_.emplace_back(name);
+    return static_cast<MemberId>(names_.size() - 1);
   }
   Value invoke(MemberId id, Access access, std::span<const Value> args) override {
-    const auto found = handlers_.find(id);
-    if (found == handlers_.end()) throw Error(ErrorNumber::MemberNotFound);
-    return found->second(access, args);
+    const std::string name = names_.at(static_cast<std::size_t>(id));
+    return answer(name, access, args);
   }
+
+ protected:
+  virtual Value answer(const std::string& name, Access access, Args args) = 0;
 
  private:
   std::string typeName_;
-  std::map<std::string, MemberId> ids_;
-  std::map<MemberId, Handler> handlers_;
+  std::vector<std::string> names_{""};
 };
-
-// A new object behind a reference, to be given its members.
-inline FakeObject* make(ObjectRef& ref, const char* typeName) {
-  auto* object = new FakeObject(typeName);
-  ref = object;
-  return object;
-}
 
 // Counts every call of a whole tree of objects and fails one of them.
 struct Fault {
