@@ -99,16 +99,6 @@ TEST(Conversions, DecimalsRefuseWhatTheyCannotHold) {
   EXPECT_EQ(Decimal::fromText("+12.50")->toText(), "12.50");
 }
 
-TEST(Conversions, TypeNames) {
-  EXPECT_EQ(typeName(Value()), "Empty");
-  EXPECT_EQ(typeName(Missing{}), "Error");
-  EXPECT_EQ(typeName(1), "Long");
-  EXPECT_EQ(typeName(std::int16_t{1}), "Integer");
-  EXPECT_EQ(typeName(1.0f), "Single");
-  EXPECT_EQ(typeName(Currency{}), "Currency");
-  EXPECT_EQ(typeName(ObjectRef()), "Nothing");
-}
-
 TEST(Json, EscapesAndNests) {
   JsonWriter json;
   json.beginObject().key("a\"b").string("\x01\n\\Ω").key("list").beginArray();

@@ -119,23 +119,6 @@ TEST(EmbeddedStringService, KnowsOnlyItsOwnKeys) {
   EXPECT_EQ(service.GetString("other", "x5"), "");
 }
 
-// Texts that a well-meant correction would change.
-TEST(StringTable, KeepsTheEnglishSlips) {
-  EmbeddedStringService service;
-  service.setLanguage(kEnglish);
-  MlStringModule module(service);
-  EXPECT_EQ(module.GetResString(15), "Minimiza");
-  EXPECT_EQ(module.GetResString(31), "Collape groups");
-  EXPECT_EQ(module.GetResString(66), "Font:\t");
-  EXPECT_EQ(module.GetResString(69), "Add (Ctr+A)");
-  EXPECT_EQ(module.GetResString(101), "Preview Colummn");
-  EXPECT_EQ(module.GetResString(111),
-            "'Data' work sheet not found at template file. %1 To use an existing file you should create a "
-            "working sheet under the name 'Data' in which the table's data will be transfered.");
-  EXPECT_EQ(module.GetResString(120), "Enter a value between 1 and 24!");
-  EXPECT_EQ(module.GetResString(131), "Enter a value between 1 and 20");
-}
-
 // The conditions editor reads the operator from the entry's first character.
 TEST(StringTable, OperatorsBeginWithTheirCodeInBothLanguages) {
   EmbeddedStringService service;

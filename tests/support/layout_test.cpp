@@ -40,12 +40,6 @@ Rect onForm(const Control& control) {
   return rect;
 }
 
-TEST(Layout, UnitFollowsTheFontInWholePixels) {
-  EXPECT_EQ(layout::spacingUnit(8, 15), kUnit);
-  EXPECT_EQ(layout::spacingUnit(18, 15), 210);
-  EXPECT_EQ(layout::spacingUnit(1, 15), 30);  // never less than two pixels
-}
-
 TEST(Layout, FramesOfOneWidthWithTheirContentsInside) {
   Form form("frm");
   captioned(form);
