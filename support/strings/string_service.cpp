@@ -74,7 +74,8 @@ std::string EmbeddedStringService::GetString(std::string_view application, std::
 
 std::int32_t EmbeddedStringService::LanguageCharset() const {
   constexpr std::int32_t kAnsiCharset = 0, kGreekCharset = 161;
-  return language_ == kGreek ? kGreekCharset : kAnsiCharset;
+  // Fonts are asked for before the first text, which chooses Greek where nobody has chosen.
+  return language_ == kGreek || language_ == kNoLanguage ? kGreekCharset : kAnsiCharset;
 }
 
 MlStringService& processStringService() {

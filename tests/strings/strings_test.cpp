@@ -91,6 +91,7 @@ TEST(EmbeddedStringService, ServesEachLanguageOnceLoaded) {
   EmbeddedStringService service;
   EXPECT_EQ(service.Language(), kNoLanguage);
   EXPECT_EQ(service.GetString("vmGridViews", "x5"), "");
+  EXPECT_EQ(service.LanguageCharset(), 161) << "the first text will be Greek";
 
   struct {
     LanguageId language;
