@@ -18,7 +18,7 @@ Qt::CursorShape cursorShape(Pointer pointer) {
   return Qt::ArrowCursor;
 }
 
-// Keys that belong to a widget itself as long as no handler of the form's wants them.
+// Enter and Esc are the form's alone, even where no button takes them.
 bool isRouted(Key key) { return key == Key::Return || key == Key::Escape; }
 
 // Of a group of option buttons the selected one is the stop.

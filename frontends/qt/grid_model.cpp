@@ -46,7 +46,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     return {};
   switch (role) {
     case Qt::DisplayRole: return qt(engine_->displayText(positionOf(index.row()), columnOf(index.column())));
-    case Qt::TextAlignmentRole: return QVariant(qtAlignment(engine_->alignment(columnOf(index.column()))));
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(qtAlignment(engine_->alignment(columnOf(index.column()))));
     case Qt::BackgroundRole:
       if (engine_->settings().useEvenOddColor && index.row() % 2 == 1) {
         return QGuiApplication::palette().brush(QPalette::AlternateBase);
@@ -60,7 +61,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   if (orientation != Qt::Horizontal || section < 0 || section >= engine_->columnCount()) return {};
   switch (role) {
     case Qt::DisplayRole: return qt(engine_->column(columnOf(section)).caption);
-    case Qt::TextAlignmentRole: return QVariant(qtAlignment(engine_->alignment(columnOf(section))));
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(qtAlignment(engine_->alignment(columnOf(section))));
     default: return {};
   }
 }

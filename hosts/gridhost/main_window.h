@@ -7,8 +7,6 @@
 #include "frontends/qt/qt_desktop.h"
 #include "hosts/gridhost/session.h"
 
-class QLabel;
-
 namespace vmgv {
 
 class MainWindow final : public QMainWindow {
