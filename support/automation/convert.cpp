@@ -58,8 +58,7 @@ Value plainOfObject(Value value) {
   return value;
 }
 
-bool toBoolean(const Value& value) {
-  if (const bool* held = value.as<bool>()) return *held;
+bool booleanOf(const Value& value) {
   if (value.isText()) {
     if (equalsIgnoringCase(value.text(), "true")) return true;
     if (equalsIgnoringCase(value.text(), "false")) return false;
@@ -69,10 +68,7 @@ bool toBoolean(const Value& value) {
 
 std::int16_t toInteger(const Value& value) { return toWhole<std::int16_t>(value); }
 
-std::int32_t toLong(const Value& value) {
-  if (const auto* held = value.as<std::int32_t>()) return *held;
-  return toWhole<std::int32_t>(value);
-}
+std::int32_t longOf(const Value& value) { return toWhole<std::int32_t>(value); }
 
 double toDouble(const Value& value) {
   switch (value.type()) {

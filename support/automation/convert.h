@@ -12,9 +12,19 @@
 
 namespace vmgv {
 
-bool toBoolean(const Value& value);          // any number but 0 is True; "True", "False" or a number
+bool booleanOf(const Value& value);  // of any type
+std::int32_t longOf(const Value& value);
+
+// Any number but 0 is True; "True", "False" or a number.
+inline bool toBoolean(const Value& value) {
+  const bool* held = value.as<bool>();
+  return held ? *held : booleanOf(value);
+}
 std::int16_t toInteger(const Value& value);  // halves go to the even neighbour
-std::int32_t toLong(const Value& value);
+inline std::int32_t toLong(const Value& value) {
+  const auto* held = value.as<std::int32_t>();
+  return held ? *held : longOf(value);
+}
 double toDouble(const Value& value);
 // Numbers with "." and up to 15 digits (7 for Single), "True"/"False", dates as MM/dd/yyyy with
 // HH:mm:ss behind it where there is a time, Empty as "". No locale: a workbook reads the same anywhere.

@@ -132,6 +132,10 @@ class Value {
     if (type_ != ValueType::Object || !content<ObjectRef>()) noObject();
     return content<ObjectRef>();
   }
+  ObjectRef takeObject() && {
+    if (type_ != ValueType::Object || !content<ObjectRef>()) noObject();
+    return std::move(content<ObjectRef>());
+  }
 
   // Same type and same content; no conversion.
   bool operator==(const Value& other) const noexcept;
@@ -229,7 +233,7 @@ void ObjectRef::putRef(const Member& member, A&&... args) const {
 }
 template <class... A>
 ObjectRef ObjectRef::object(const Member& member, A&&... args) const {
-  return get(member, std::forward<A>(args)...).object();
+  return get(member, std::forward<A>(args)...).takeObject();
 }
 template <class... A>
 Value ObjectRef::item(A&&... args) const {
