@@ -29,13 +29,9 @@ TEST_F(SettingsFileTest, ReadsValues) {
     const char* expected;
     std::size_t messages;
   } const cases[]{
-      {"[SOFTWARE\\Velmora\\Common]\nhelpFolder = /help", "/help", 0},
       {"\xEF\xBB\xBF[SOFTWARE\\Velmora\\Common]\r\nhelpFolder=/help\r\n", "/help", 0},
       {"# c\n; c\n\n[software\\velmora\\common]\nHELPFOLDER = /a = b # c \n", "/a = b # c", 0},
       {"[SOFTWARE\\Velmora\\Common]\nhelpFolder = /a\nhelpFolder = /βοήθεια\n", "/βοήθεια", 0},
-      {"[SOFTWARE\\Velmora\\Common]\nhelpFolder =\n", "", 0},
-      {"[Other]\nhelpFolder = /help\n", "default", 0},
-      {"", "default", 0},
       {"helpFolder = /help\n", "default", 1},
       {"[SOFTWARE\\Velmora\\Common\nhelpFolder = /help\n", "default", 2},
       {"[SOFTWARE\\Velmora\\Common]\nnonsense\n= x\nhelpFolder = /help\n", "/help", 2},
@@ -49,15 +45,12 @@ TEST_F(SettingsFileTest, ReadsValues) {
 }
 
 TEST_F(SettingsFileTest, SaysWhatItCannotRead) {
+  using Messages = std::vector<std::string>;
   const auto file = write("bad", "[a]\nb = c\nnul = \n" + std::string("x = \0y\n", 7));
-  EXPECT_EQ(SettingsFile::readFirst({file}).messages(),
-            std::vector<std::string>{file.string() + ":4: not UTF-8 text"});
-  EXPECT_EQ(SettingsFile::readFirst({folder_}).messages(),
-            std::vector<std::string>{folder_.string() + ": not a file"});
   const auto large = write("large", std::string((1 << 20) + 1, 'x'));
-  EXPECT_EQ(SettingsFile::readFirst({large, file}).messages(),
-            std::vector<std::string>{large.string() + ": larger than 1 MB"});
-  EXPECT_TRUE(SettingsFile::readFirst({folder_ / "missing"}).messages().empty());
+  EXPECT_EQ(SettingsFile::readFirst({file}).messages(), Messages{file.string() + ":4: not UTF-8 text"});
+  EXPECT_EQ(SettingsFile::readFirst({folder_}).messages(), Messages{folder_.string() + ": not a file"});
+  EXPECT_EQ(SettingsFile::readFirst({large}).messages(), Messages{large.string() + ": larger than 1 MB"});
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <random>
 #include <sstream>
@@ -15,95 +16,80 @@
 
 namespace vmgv {
 
-// An object whose members hold values; what is put replaces what was there.
-inline ObjectRef holding(std::map<std::string, Value> members) {
-  auto* object = new FakeObject("Thing");
-  for (auto& [name, value] : members) {
-    object->on(name, [held = std::move(value)](Access access, Args args) mutable -> Value {
-      if (access == Access::Put) held = args[0];
-      return held;
-    });
+// Members that hold values, what is put replacing what was there, and members that do something; the names
+// are given in small letters.
+class Thing final : public NamedObject {
+ public:
+  using Values = std::map<std::string, Value>;
+  using Actions = std::map<std::string, std::function<Value(Args)>>;
+
+  explicit Thing(Values values, Actions actions = {})
+      : NamedObject("Thing"), values_(std::move(values)), actions_(std::move(actions)) {}
+
+ private:
+  Value answer(const std::string& name, Access access, Args args) override {
+    if (const auto found = actions_.find(lowerCase(name)); found != actions_.end())
+      return found->second(args);
+    const auto found = values_.find(lowerCase(name));
+    if (found == values_.end()) throw Error(ErrorNumber::MemberNotFound, "Thing lacks " + name);
+    if (access == Access::Put) found->second = args[0];
+    return found->second;
   }
-  return object;
+
+  Values values_;
+  Actions actions_;
+};
+
+inline ObjectRef thing(Thing::Values values, Thing::Actions actions = {}) {
+  return new Thing(std::move(values), std::move(actions));
 }
 
-// A collection of fixed objects.
-inline ObjectRef listing(std::vector<ObjectRef> items) {
-  auto* object = new FakeObject("Things");
-  const auto count = static_cast<std::int32_t>(items.size());
-  const auto item = [items](Access, Args args) -> Value {
-    return items.at(static_cast<std::size_t>(toLong(args[0])) - 1);
-  };
-  object->on("Count", [count](Access, Args) -> Value { return count; });
-  object->on("", item).on("ItemByPosition", item);
-  return object;
-}
+struct Case {
+  std::string script;
+  std::string error;  // empty: the script succeeds
+  std::string events = "";
+};
 
 class PlayerTest : public testing::Test {
  protected:
-  PlayerTest() {
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-  }
+  PlayerTest() { std::filesystem::create_directories(out_); }
   ~PlayerTest() override { std::filesystem::remove_all(folder_); }
 
   // Plays a script of this text; the error comes without the script's own path.
   int play(const std::string& text) {
     const auto script = folder_ / "s.vgs";
     std::ofstream(script, std::ios::binary) << text;
-    return playFile(script);
-  }
-  int playFile(const std::filesystem::path& script) {
     std::ostringstream errors;
-    Player player(script, out_, stage(), errors);
+    Player player(script, out_, stage_, errors);
     desktop_.setIdleHandler(&player);
     const int result = player.run();
     desktop_.setIdleHandler(nullptr);
     error_ = errors.str();
     if (error_.starts_with(script.string())) error_.erase(0, script.string().size());
-    EXPECT_EQ(desktop_.form(), nullptr);
-    EXPECT_EQ(desktop_.box(), nullptr);
+    EXPECT_TRUE(!desktop_.form() && !desktop_.box()) << text;
     return result;
   }
-
-  static std::string read(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+  // Each case is a script of its own, behind firstLine_.
+  void playAll(std::initializer_list<Case> cases) {
+    for (const Case& c : cases) {
+      events_.clear();
+      EXPECT_EQ(play(firstLine_ + c.script), c.error.empty() ? 0 : 1) << c.script;
+      EXPECT_EQ(error_, c.error) << c.script;
+      EXPECT_EQ(events_, c.events) << c.script;
+    }
   }
+
   void note(const std::string& event) { events_ += (events_.empty() ? "" : ", ") + event; }
 
-  Stage stage() {
-    return {control(), grid_, desktop_,
-            [this](const std::vector<std::int32_t>& rows) {
-              for (const auto row : rows) note("row " + std::to_string(row));
-            },
-            [this](const std::filesystem::path& file) { workbook_ = file; }};
-  }
-
-  ObjectRef control() {
-    const ObjectRef control = holding({{"excelVisible", true}});
-    auto& members = dynamic_cast<FakeObject&>(*control);
-    const auto shows = [this, &members](const char* name, void (PlayerTest::*dialog)()) {
-      members.on(name, [this, dialog](Access, Args) -> Value {
-        (this->*dialog)();
-        return false;
-      });
-    };
-    shows("ShowPlain", &PlayerTest::showPlain);
-    shows("ShowWork", &PlayerTest::showWork);
-    shows("ShowStubborn", &PlayerTest::showStubborn);
-    members.on("Fail", [](Access, Args) -> Value { throw Error(ErrorNumber::TypeMismatch); });
-    members.on("Echo", [this](Access, Args args) -> Value {
-      for (std::size_t i = 0; i < args.size(); ++i) note(typeName(args[i]));
-      return {};
-    });
-    return control;
+  Value show(Form& form) {
+    form.open();
+    desktop_.showModal(form);
+    return false;
   }
 
   // A field, a list, and buttons that open a message, a question, a picker and the dialog at work.
-  void showPlain() {
+  Value showPlain() {
     Form form("frmPlain");
-    form.setCaption("Plain");
     auto& text = form.add<TextBox>("txtName");
     auto& list = form.add<ComboBox>("cboSort", nullptr, 0);
     for (const char* entry : {"NO", "origin_state", "2"}) list.addItem(entry);
@@ -114,8 +100,7 @@ class PlayerTest : public testing::Test {
     };
     button("cmdMessage", [this] { desktop_.messageBox("All\r\ndone.", MessageStyle::Information, {}); });
     button("cmdAsk", [this] {
-      const bool yes = desktop_.messageBox("Sure?", MessageStyle::Question, {}) == MessageResult::Yes;
-      note(yes ? "yes" : "no");
+      note(desktop_.messageBox("Sure?", MessageStyle::Question, {}) == MessageResult::Yes ? "yes" : "no");
     });
     button("cmdOpen", [this, &text] { text.setText(desktop_.pickFile({}).value_or("")); });
     button("cmdWork", [this] { showWork(); });
@@ -125,54 +110,57 @@ class PlayerTest : public testing::Test {
       form.close();
     }).isDefault = true;
     button("cmdCancel", [&form] { form.close(); }).isCancel = true;
-    form.open();
-    desktop_.showModal(form);
+    return show(form);
   }
 
   // OK works through 100 rows; Cancel stops it.
-  void showWork() {
+  Value showWork() {
     Form form("frmWork");
     auto& bar = form.add<ProgressBar>("prbar");
-    auto& label = form.add<Label>("Label1");
     auto& ok = form.add<CommandButton>("cmdOK");
     auto& cancel = form.add<CommandButton>("cmdCancel");
-    bool cancelled = false;
-    const auto stop = [&] {
+    cancel.onClick = form.onCloseByUser = [&] {
       desktop_.doEvents();
-      cancelled = true;
       form.close();
     };
-    cancel.onClick = stop;
-    form.onCloseByUser = stop;
     ok.onClick = [&] {
       ok.setEnabled(false);
-      for (int row = 1; row <= 100; ++row) {
-        desktop_.doEvents();
-        if (cancelled) break;
-        bar.setValue(row);
-        label.setCaption("row " + std::to_string(row));
+      for (desktop_.doEvents(); form.isOpen() && bar.value() < 100; desktop_.doEvents()) {
+        bar.setValue(bar.value() + 1);
       }
       note("worked to " + std::to_string(bar.value()));
       form.close();
     };
-    form.open();
-    desktop_.showModal(form);
+    return show(form);
   }
 
-  void showStubborn() {
+  Value showStubborn() {
     Form form("frmStubborn");
     form.onCloseByUser = [this] { desktop_.messageBox("No.", MessageStyle::Critical, {}); };
-    form.open();
-    desktop_.showModal(form);
+    return show(form);
+  }
+
+  Value echo(Args args) {
+    for (std::size_t i = 0; i < args.size(); ++i) note(typeName(args[i]));
+    return {};
   }
 
   const std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() / ("vmg_player_" + std::to_string(std::random_device{}()));
   const std::filesystem::path out_ = folder_ / "out";
   HeadlessDesktop desktop_;
-  ObjectRef grid_ = holding({{"RowCount", 3}, {"PreviewColumn", Null{}}});
-  std::string events_, error_;
+  std::string firstLine_, events_, error_;
   std::filesystem::path workbook_;
+  const Stage stage_{
+      thing({{"excelvisible", true}}, {{"showplain", [this](Args) { return showPlain(); }},
+                                       {"showwork", [this](Args) { return showWork(); }},
+                                       {"showstubborn", [this](Args) { return showStubborn(); }},
+                                       {"echo", [this](Args args) { return echo(args); }}}),
+      thing({{"rowcount", 3}, {"previewcolumn", Null{}}}), desktop_,
+      [this](const std::vector<std::int32_t>& rows) {
+        for (const auto row : rows) note("row " + std::to_string(row));
+      },
+      [this](const std::filesystem::path& file) { workbook_ = file; }};
 };
 
 }  // namespace vmgv

@@ -1,0 +1,30 @@
+"""check_scripts.py GRIDHOST SOURCE: plays the documented script and the Greek tour on the program itself."""
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+gridhost, source = sys.argv[1], pathlib.Path(sys.argv[2])
+
+
+def play(script, *options):
+    """What the script left: the text of each file by name, pictures aside."""
+    with tempfile.TemporaryDirectory() as folder:
+        subprocess.run([gridhost, "--data", source / "data/birdstrikes.csv", "--play", source / "hosts/scripts" / script,
+                        "--out", folder, *options], check=True, timeout=120)
+        return {path.name: path.read_text(encoding="utf-8") for path in pathlib.Path(folder).iterdir() if path.is_file()}
+
+
+example = (source / "hosts/scripts/example.vgs").read_text(encoding="utf-8")
+assert f"```\n{example}```\n" in (source / "docs/SCRIPTING.md").read_text(encoding="utf-8"), "SCRIPTING.md differs"
+
+left = play("example.vgs", "--language", "en", "--frontend", "headless")
+assert sorted(left) == ["sorted.json", "sorted.tsv"], f"the export was cancelled, yet there is {sorted(left)}"
+keys = [(key["colIndex"], key["sortOrder"]) for key in json.loads(left["sorted.json"])["sortKeys"]]
+assert keys == [(7, 1), (5, -1)], keys
+assert left["sorted.tsv"].count("\n") == 20 and left["sorted.tsv"].startswith("0\t"), left["sorted.tsv"]
+
+left = play("tour-el.vgs", "--language", "el")
+assert list(left) == ["layout.json"], f"the Greek tour left {sorted(left)}"
+assert json.loads(left["layout.json"])["redraw"], "the grid is not drawn any more"
