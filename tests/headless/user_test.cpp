@@ -1,5 +1,4 @@
 // What a user's acts do to a form, and what a user cannot do.
-#include "support/automation/error.h"
 #include "tests/headless/fixture.h"
 
 namespace vmgv {
