@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -14,28 +15,24 @@
 
 namespace vmgv {
 
+using Rows = std::vector<std::string>;
+
 // A folder that is gone with the test.
 class Folder {
  public:
   Folder() {
-    static int count = 0;
-    path_ = std::filesystem::temp_directory_path() /
-            ("vmg-grid-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + '-' +
-             std::to_string(++count));
-    std::filesystem::create_directories(path_);
+    std::string pattern = (std::filesystem::temp_directory_path() / "grid-XXXXXX").string();
+    path_ = mkdtemp(pattern.data());
   }
-  ~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  std::string path(const std::string& name) const { return (path_ / name).string(); }
+  ~Folder() { std::filesystem::remove_all(path_); }
+  std::string path(const std::string& name) const { return path_ + '/' + name; }
   std::string write(const std::string& name, std::string_view content) const {
-    std::ofstream(path_ / name, std::ios::binary) << content;
+    std::ofstream(path(name), std::ios::binary) << content;
     return path(name);
   }
 
  private:
-  std::filesystem::path path_;
+  std::string path_;
 };
 
 // Rows of values as they are; text is text.
@@ -49,27 +46,24 @@ class MemorySource final : public RowSource {
   void read(RowSink& sink, Problems&) override {
     ++readings;
     for (const auto& row : rows_) {
-      for (const Value& value : row) {
-        if (const auto* text = value.as<std::string>()) {
-          sink.text(*text);
-        } else if (const auto* flag = value.as<bool>()) {
-          sink.boolean(*flag);
-        } else if (const auto* number = value.as<std::int32_t>()) {
-          sink.whole(*number);
-        } else if (const auto* real = value.as<double>()) {
-          sink.number(*real);
-        } else if (const auto* date = value.as<Date>()) {
-          sink.date(*date);
-        } else {
-          sink.null();
-        }
-      }
+      for (const Value& value : row) give(sink, value);
       sink.endRow();
     }
+    if (breaks) throw Error(ErrorNumber::DeviceIo, "gone");
   }
   int readings = 0;
+  bool breaks = false;  // behind the last row
 
  private:
+  static void give(RowSink& sink, const Value& value) {
+    if (const auto* text = value.as<std::string>()) return sink.text(*text);
+    if (const auto* flag = value.as<bool>()) return sink.boolean(*flag);
+    if (const auto* whole = value.as<std::int32_t>()) return sink.whole(*whole);
+    if (const auto* number = value.as<double>()) return sink.number(*number);
+    if (const auto* date = value.as<Date>()) return sink.date(*date);
+    sink.null();
+  }
+
   std::vector<ColumnSpec> specs_;
   std::vector<std::vector<Value>> rows_;
 };
@@ -83,8 +77,8 @@ inline std::shared_ptr<GridEngine> engineOf(std::vector<ColumnSpec> specs,
 }
 
 // All display rows as text, values between bars; "~" is Null.
-inline std::vector<std::string> rowsOf(const GridEngine& engine) {
-  std::vector<std::string> rows;
+inline Rows rowsOf(const GridEngine& engine) {
+  Rows rows;
   for (std::int32_t position = 1; position <= engine.rowCount(); ++position) {
     std::string& row = rows.emplace_back();
     for (std::int32_t column = 1; column <= engine.columnCount(); ++column) {
@@ -95,25 +89,16 @@ inline std::vector<std::string> rowsOf(const GridEngine& engine) {
   return rows;
 }
 
-// The number of the error that a call ends with, 0 without one.
+// The number of the error that a call ends with, 0 without one; its text must hold `words`.
 template <class Call>
-int errorOf(Call call) {
+int errorOf(Call call, std::string_view words = "") {
   try {
     call();
     return 0;
   } catch (const Error& error) {
-    EXPECT_FALSE(std::string(error.what()).empty());
+    const std::string text = error.what();
+    EXPECT_TRUE(!text.empty() && text.find(words) != text.npos) << text;
     return error.number();
-  }
-}
-
-template <class Call>
-std::string descriptionOf(Call call) {
-  try {
-    call();
-    return "no error";
-  } catch (const Error& error) {
-    return error.what();
   }
 }
 
