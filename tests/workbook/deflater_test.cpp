@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
+#include <memory>
 #include <random>
 #include <string>
-#include <vector>
 
 namespace vmgv::workbook {
 namespace {
@@ -33,28 +33,24 @@ std::string noise(std::size_t size, int letters) {
 }
 
 TEST(Deflater, JoinedStreamsReadAsOne) {
-  const std::vector<std::vector<std::string>> streams = {
-      {"head"},
-      {noise(300000, 256), noise(1, 4), noise(262144, 4)},  // what does not pack, and what does
-      {std::string(1000000, 'a'), "b"},
-      {"tail"},
+  using Then = Deflater::Then;
+  const std::pair<std::string, Then> pieces[] = {
+      {"head", Then::Boundary},  {noise(300000, 256), Then::More},  // what does not pack, and what does
+      {noise(1, 4), Then::More}, {noise(262144, 4), Then::Boundary}, {std::string(1000000, 'a'), Then::More},
+      {"b", Then::End},
   };
   Buffer packed;
-  std::string all;
+  std::string all, stream;
   uLong crc = 0;
-  for (std::size_t i = 0; i < streams.size(); ++i) {
-    Deflater deflater;
-    std::size_t size = 0;
-    for (std::size_t j = 0; j < streams[i].size(); ++j) {
-      const std::string& text = streams[i][j];
-      const auto then = j + 1 < streams[i].size() ? Deflater::Then::More
-                        : i + 1 < streams.size()  ? Deflater::Then::Boundary
-                                                  : Deflater::Then::End;
-      deflater.deflate(text, then, packed);
-      all += text;
-      size += text.size();
-    }
-    crc = crc32_combine(crc, deflater.crc(), static_cast<z_off_t>(size));
+  auto deflater = std::make_unique<Deflater>();
+  for (const auto& [text, then] : pieces) {
+    deflater->deflate(text, then, packed);
+    all += text;
+    stream += text;
+    if (then == Then::More) continue;
+    crc = crc32_combine(crc, deflater->crc(), static_cast<z_off_t>(stream.size()));
+    deflater = std::make_unique<Deflater>();
+    stream.clear();
   }
   EXPECT_TRUE(inflated(packed.text(), all.size()) == all);
   EXPECT_EQ(crc32(0, reinterpret_cast<const Bytef*>(all.data()), static_cast<uInt>(all.size())), crc);

@@ -8,6 +8,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "adapters/workbook/application.h"
 #include "support/automation/error.h"
@@ -16,17 +17,13 @@
 
 namespace vmgv::test {
 
-class FolderHost final : public WorkbookHost {
+class FolderHost : public WorkbookHost {
  public:
   std::string targetPath() override { return target; }
-  void finished(const std::string& path, std::int64_t rows) override {
-    finishedPath = path;
-    finishedRows = rows;
-  }
+  void finished(const std::string& path, std::int64_t) override { published.push_back(path); }
 
   std::string target;
-  std::string finishedPath;
-  std::int64_t finishedRows = -1;
+  std::vector<std::string> published;
 };
 
 class WorkbookTest : public testing::Test {
@@ -52,7 +49,7 @@ class WorkbookTest : public testing::Test {
   }
   WorkbookFile publish() {
     application.put("Visible", true);
-    return WorkbookFile(host.finishedPath);
+    return WorkbookFile(host.published.back());
   }
   std::set<std::string> folderContent() const {
     std::set<std::string> names;
@@ -67,21 +64,19 @@ class WorkbookTest : public testing::Test {
   ObjectRef application, workbook, sheet;
 };
 
-// The error that a step throws; number 0 where it throws none.
-inline Error errorOf(const std::function<void()>& step) {
+// Whether a step throws this error, in a text that holds `words`.
+inline testing::AssertionResult failsWith(int number, const std::string& words,
+                                          const std::function<void()>& step) {
   try {
     step();
   } catch (const Error& error) {
-    return error;
+    const std::string text(error.description());
+    const bool expected = error.number() == number && text.find(words) != text.npos;
+    return testing::AssertionResult(expected) << error.number() << ": " << text;
   }
-  return {0, "no error"};
+  return testing::AssertionFailure() << "no error";
 }
 
-#define EXPECT_ERROR(expected, words, step)                                                              \
-  do {                                                                                                   \
-    const Error thrown = errorOf([&] { step; });                                                         \
-    EXPECT_EQ(expected, thrown.number()) << thrown.description();                                        \
-    EXPECT_NE(std::string(thrown.description()).find(words), std::string::npos) << thrown.description(); \
-  } while (false)
+#define EXPECT_ERROR(number, words, step) EXPECT_TRUE(failsWith(number, words, [&] { step; }))
 
 }  // namespace vmgv::test

@@ -26,10 +26,8 @@ std::map<std::string, std::string> readParts(const std::string& path) {
             "unreadable entry");
     std::string text(info.uncompressed_size, '\0');
     const int count = unzReadCurrentFile(zip.get(), text.data(), static_cast<unsigned>(text.size()));
-    char beyond = 0;
-    require(count == static_cast<int>(text.size()) && unzReadCurrentFile(zip.get(), &beyond, 1) == 0,
-            std::string(name) + " has another size than stated");
-    require(unzCloseCurrentFile(zip.get()) == UNZ_OK, std::string(name) + " has a wrong CRC");
+    require(count == static_cast<int>(text.size()) && unzCloseCurrentFile(zip.get()) == UNZ_OK,
+            std::string(name) + " has another size or CRC than stated");
     require(parts.emplace(name, text).second, std::string(name) + " is there twice");
   }
   return parts;
@@ -44,15 +42,12 @@ pugi::xml_document parse(const std::string& xml, const std::string& part) {
 
 }  // namespace
 
-WorkbookFile::WorkbookFile(const std::string& path) : parts(readParts(path)) {
+WorkbookFile::WorkbookFile(const std::string& path) {
+  const auto parts = readParts(path);
   for (const auto& [name, xml] : parts) parse(xml, name);
 
-  sheetName = parse(parts.at("xl/workbook.xml"), "workbook")
-                  .child("workbook")
-                  .child("sheets")
-                  .child("sheet")
-                  .attribute("name")
-                  .value();
+  const auto workbook = parse(parts.at("xl/workbook.xml"), "workbook");
+  sheetName = workbook.select_node("workbook/sheets/sheet/@name").attribute().value();
 
   const auto styles = parse(parts.at("xl/styles.xml"), "styles");
   std::map<int, std::string> codes{
@@ -65,7 +60,6 @@ WorkbookFile::WorkbookFile(const std::string& path) : parts(readParts(path)) {
 
   const auto document = parse(parts.at("xl/worksheets/sheet1.xml"), "sheet");
   const auto sheet = document.child("worksheet");
-  dimension = sheet.child("dimension").attribute("ref").value();
   for (const auto column : sheet.child("cols")) {
     for (int i = column.attribute("min").as_int(); i <= column.attribute("max").as_int(); ++i) {
       widths[i] = column.attribute("width").as_double();

@@ -18,9 +18,7 @@ struct FileCell {
 struct WorkbookFile {
   explicit WorkbookFile(const std::string& path);  // throws std::runtime_error for a faulty package
 
-  std::map<std::string, std::string> parts;
   std::string sheetName;
-  std::string dimension;
   std::vector<std::string> order;  // cell names as they stand in the file
   std::map<std::string, FileCell> cells;
   std::vector<std::string> merges;
