@@ -30,7 +30,6 @@ TEST(Contract, ReachesColumnsByIndexFieldAndPosition) {
     EXPECT_EQ(errorOf([&] { columns.item(key); }, key), 9);
   }
   EXPECT_EQ(errorOf([&] { columns.item(Null{}); }), 94);
-  EXPECT_EQ(errorOf([&] { columns.get("ItemByPosition", 4); }), 9);
 }
 
 TEST(Contract, KeepsPositionsAPermutation) {

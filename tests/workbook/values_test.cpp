@@ -1,6 +1,5 @@
 // What cells hold after values of every type were put in.
 #include <cmath>
-#include <limits>
 
 #include "tests/workbook/fixture.h"
 
@@ -16,7 +15,6 @@ TEST_F(ValuesTest, EveryType) {
     const char *format, *type, *text;
     bool set = false;  // the format, beforehand
   } cases[] = {
-      {2147483647, "General", "", "2147483647"},
       {1234.5678901234567, "General", "", "1234.5678901234567"},
       {Currency{-123456}, "General", "", "-12.3456"},
       {*Decimal::fromText("12.50"), "General", "", "12.5"},
@@ -32,7 +30,6 @@ TEST_F(ValuesTest, EveryType) {
       {Date{61}, "date", "", "61"},  // 1900-03-01
       {"00123", "@", "inlineStr", "00123", true},
       {12.5, "@", "inlineStr", "12.5", true},
-      {true, "@", "inlineStr", "True", true},
       {Date{45000}, "@", "inlineStr", "03/15/2023", true},
       {3, "0.0\"<&\"", "", "3", true},
   };
@@ -77,8 +74,7 @@ TEST_F(ValuesTest, WhatACellCannotHold) {
   put(3, 2, "before");
   std::string emoji;  // two UTF-16 units each
   for (int i = 0; i < 16384; ++i) emoji += "\U0001F600";
-  const double endless = std::numeric_limits<double>::infinity();
-  const Value refused[] = {std::nan(""), -endless, Date{-1}, Date{1.5}, std::string(32768, 'x'), emoji};
+  const Value refused[] = {std::nan(""), -INFINITY, Date{-1}, Date{1.5}, std::string(32768, 'x'), emoji};
   for (const Value& value : refused) EXPECT_ERROR(1004, "Cell B3: ", put(3, 2, value));
   EXPECT_EQ(Value("before"), sheet.object("Cells", 3, 2).get("Value"));
 

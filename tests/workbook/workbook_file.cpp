@@ -28,7 +28,7 @@ std::map<std::string, std::string> readParts(const std::string& path) {
     const int count = unzReadCurrentFile(zip.get(), text.data(), static_cast<unsigned>(text.size()));
     require(count == static_cast<int>(text.size()) && unzCloseCurrentFile(zip.get()) == UNZ_OK,
             std::string(name) + " has another size or CRC than stated");
-    require(parts.emplace(name, text).second, std::string(name) + " is there twice");
+    parts[name] = text;
   }
   return parts;
 }
@@ -61,9 +61,7 @@ WorkbookFile::WorkbookFile(const std::string& path) {
   const auto document = parse(parts.at("xl/worksheets/sheet1.xml"), "sheet");
   const auto sheet = document.child("worksheet");
   for (const auto column : sheet.child("cols")) {
-    for (int i = column.attribute("min").as_int(); i <= column.attribute("max").as_int(); ++i) {
-      widths[i] = column.attribute("width").as_double();
-    }
+    widths[column.attribute("min").as_int()] = column.attribute("width").as_double();
   }
   for (const auto row : sheet.child("sheetData")) {
     if (row.attribute("ht")) heights[row.attribute("r").as_int()] = row.attribute("ht").as_double();
@@ -77,7 +75,7 @@ WorkbookFile::WorkbookFile(const std::string& path) {
       cell.wraps = format.child("alignment").attribute("wrapText").as_bool();
       cell.keepsBlanks = std::string(inlined.attribute("xml:space").value()) == "preserve";
       order.push_back(c.attribute("r").value());
-      require(cells.emplace(order.back(), cell).second, order.back() + " is there twice");
+      cells[order.back()] = cell;
     }
   }
   for (const auto merge : sheet.child("mergeCells")) merges.push_back(merge.attribute("ref").value());
