@@ -12,9 +12,8 @@
 #include "frontends/qt/qt_desktop.h"
 #include "support/text/utf8.h"
 
+namespace vmgv {
 namespace {
-
-using namespace vmgv;
 
 constexpr struct {
   const char* name;
@@ -70,7 +69,7 @@ void photograph(MlStringService& texts, const ObjectRef& grid, const std::string
   const ObjectRef control = makeObject<vmgrEdit>(application);
   control.putRef("Grid", grid);
   for (const auto& dialog : kDialogs) {
-    const std::string path = folder + "/" + dialog.name + end;
+    const std::string path = (std::filesystem::path(folder) / dialog.name).string() + end;
     const Photographer photographer(desktop, path);
     control.call(dialog.method);
     if (!photographer.taken())
@@ -104,6 +103,7 @@ void photographAll(const char* data, const std::string& folder, const std::strin
 }
 
 }  // namespace
+}  // namespace vmgv
 
 int main(int count, char** arguments) {
   QApplication application(count, arguments);
@@ -116,7 +116,7 @@ int main(int count, char** arguments) {
   }
   QApplication::setFont(QFont("DejaVu Sans", 9));  // the same picture on every machine
   try {
-    photographAll(qPrintable(words[0]), words[1].toStdString(), words.value(2).toStdString());
+    vmgv::photographAll(qPrintable(words[0]), words[1].toStdString(), words.value(2).toStdString());
     return 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "pictures: %s\n", error.what());

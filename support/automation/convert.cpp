@@ -49,13 +49,13 @@ T toWhole(const Value& value) {
 
 }  // namespace
 
-Value plainOfObject(Value value) {
+Value plainOfObject(Value object) {
   // A default member may answer with an object again; a chain this long has no end.
-  for (int depth = 0; value.isObject(); ++depth) {
+  for (int depth = 0; object.isObject(); ++depth) {
     if (depth == 16) throw Error(ErrorNumber::TypeMismatch);
-    value = value.object().item();
+    object = object.object().item();
   }
-  return value;
+  return object;
 }
 
 bool booleanOf(const Value& value) {
