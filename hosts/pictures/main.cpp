@@ -109,7 +109,7 @@ int main(int count, char** arguments) {
   QApplication application(count, arguments);
   QStringList words = QApplication::arguments().mid(1);
   QApplication::setStyle(QStyleFactory::create("Fusion"));
-  if (words.removeAll("--dark") > 0) QApplication::setPalette(darkPalette());
+  if (words.removeAll("--dark") > 0) QApplication::setPalette(vmgv::darkPalette());
   if (words.size() < 2 || words.size() > 3) {
     std::fprintf(stderr, "usage: pictures DATA.csv FOLDER [SUFFIX] [--dark]\n");
     return 2;
