@@ -15,8 +15,8 @@ struct SampleForm : Form {
   SampleForm() : Form("frmSample") {
     for (const char* entry : {"one", "two", "three"}) combo.addItem(entry);
     frame.setCaption("Ταξινόμηση κατά...");
-    option(0).setCaption("Αύξουσα σειρά");
-    option(1).setCaption("Φθίνουσα σειρά");
+    ascending.setCaption("Αύξουσα σειρά");
+    descending.setCaption("Φθίνουσα σειρά");
     check.setCaption("Εξαγωγή γραμμής προεπισκόπησης");
     label.setCaption("Tom & Jerry");
     cmdBrowse.setCaption("...");
@@ -29,17 +29,17 @@ struct SampleForm : Form {
     check.onClick = [this] { note("check " + std::to_string(check.value())); };
     combo.onClick = [this] { note("combo " + std::to_string(combo.listIndex())); };
     text.onChange = [this] { note("text " + text.text()); };
-    for (int i = 0; i < 2; ++i) option(i).onClick = [this, i] { note("option " + std::to_string(i)); };
-    group.content = layout::column({layout::item(option(0)), layout::item(option(1))});
+    ascending.onClick = [this] { note("option 0"); };
+    descending.onClick = [this] { note("option 1"); };
+    group.content = layout::column({layout::item(ascending), layout::item(descending)});
     frame.content = layout::row({layout::item(combo).stretch(), layout::item(group)});
     content = layout::column(
         {layout::item(frame), layout::item(check),
          layout::row({layout::item(label), layout::item(text).stretch(), layout::item(cmdBrowse)}),
-         layout::item(line), layout::item(bar), layout::buttons({&cmdOK, &cmdCancel})});
+         layout::item(bar), layout::buttons({&cmdOK, &cmdCancel})});
     open();
   }
   void note(const std::string& event) { events += (events.empty() ? "" : ", ") + event; }
-  OptionButton& option(int i) { return i == 0 ? ascending : descending; }
 
   std::string events;
   Frame& frame = add<Frame>("frame");
@@ -51,7 +51,6 @@ struct SampleForm : Form {
   Label& label = add<Label>("label");
   TextBox& text = add<TextBox>("text");
   CommandButton& cmdBrowse = add<CommandButton>("cmdBrowse");
-  Line& line = add<Line>("line");
   ProgressBar& bar = add<ProgressBar>("bar");
   CommandButton& cmdOK = add<CommandButton>("cmdOK");
   CommandButton& cmdCancel = add<CommandButton>("cmdCancel");

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "frontends/qt/qt_desktop.h"
+#include "frontends/user/steps.h"
 
 namespace vmgv {
 
 class TestDesktop final : public QtDesktop {
  public:
-  TestDesktop() { setIdleHandler(&nobody_); }
-
   struct HelpCall {
     std::string file, topic;
   };
@@ -19,11 +18,7 @@ class TestDesktop final : public QtDesktop {
   }
 
  private:
-  struct Nobody final : IdleHandler {  // what opens without a step closes again
-    bool waiting() override { return false; }
-    void yielding() override {}
-  };
-  Nobody nobody_;
+  Steps nobody_{*this, {}};  // what opens without a step closes again
   std::vector<HelpCall> helpCalls_;
 };
 
