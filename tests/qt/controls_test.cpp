@@ -11,7 +11,6 @@ TEST_F(QtTest, WhatTheUserDoesReachesTheModelOnce) {
   SampleForm form;
   play(form, {[&] {
          desktop.choose(form.combo, 0);
-         desktop.choose(form.combo, 0);
          desktop.click(form.ascending);
          desktop.click(form.ascending);
          desktop.click(form.descending);
@@ -19,7 +18,7 @@ TEST_F(QtTest, WhatTheUserDoesReachesTheModelOnce) {
          desktop.doubleClick(form.check);
          desktop.enter(form.text, "aΩ");
        }});
-  EXPECT_EQ(form.events, "combo 0, combo 0, option 0, option 1, check 1, check 0, check 1, text a, text aΩ");
+  EXPECT_EQ(form.events, "combo 0, option 0, option 1, check 1, check 0, check 1, text a, text aΩ");
 }
 
 TEST_F(QtTest, WidgetsFollowTheModel) {
@@ -31,14 +30,12 @@ TEST_F(QtTest, WidgetsFollowTheModel) {
                 form.ascending.setValue(true);
                 form.check.setValue(2);
                 form.check.setCaption("R&D");
-                form.setPointer(Pointer::ArrowHourglass);
               },
               [&] {
                 EXPECT_EQ(shownWidget<QComboBox>(form.combo).currentText(), "a & b");
                 EXPECT_TRUE(shownWidget<QRadioButton>(form.ascending).isChecked());
                 EXPECT_EQ(shownWidget<QCheckBox>(form.check).checkState(), Qt::PartiallyChecked);
                 EXPECT_EQ(shownWidget<QCheckBox>(form.check).text(), "R&&D");
-                EXPECT_EQ(QApplication::activeModalWidget()->cursor().shape(), Qt::BusyCursor);
                 EXPECT_EQ(form.events, "combo 0, option 0, check 2");
                 form.ascending.setValue(false);
               },

@@ -56,8 +56,7 @@ struct SampleForm : Form {
   CommandButton& cmdCancel = add<CommandButton>("cmdCancel");
 };
 
-class QtTest : public testing::Test {
- protected:
+struct QtTest : testing::Test {
   // Shows the form and lets the steps act on it one after the other; what is left open is closed.
   void play(Form& form, std::vector<Steps::Step> steps) {
     form.layOut(desktop);

@@ -16,8 +16,7 @@ class Browser : public QObject {
   Browser() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
   ~Browser() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
   QStringList opened;
- public slots:
-  void open(const QUrl& url) { opened << url.toLocalFile(); }
+  Q_INVOKABLE void open(const QUrl& url) { opened << url.toLocalFile(); }
 };
 
 TEST_F(QtTest, HelpOpensInTheLanguageOfTheProcessAndAMissingPageIsNamed) {

@@ -29,7 +29,6 @@ TEST(ItemModelSource, ValuesKeepTheirTypesAndWhatIsNoneIsNamed) {
   } cases[] = {
       {QVariant(QMetaType(QMetaType::QString)), Null{}},
       {QVariant("007"), "007"},
-      {QVariant(true), true},
       {QVariant(-7), std::int32_t{-7}},
       {QVariant(qulonglong{18'446'744'073'709'551'615u}), "18446744073709551615"},
       {QVariant(2.5f), 2.5},
