@@ -7,6 +7,7 @@
 
 #include "frontends/qt/binding.h"
 #include "frontends/qt/comfort.h"
+#include "support/forms/form.h"
 
 namespace vmgv {
 namespace {
@@ -82,11 +83,22 @@ class OptionBinding final : public BindingOf<OptionButton, QRadioButton> {
  protected:
   void followContent() override {
     view_.setText(plainCaption(control_.caption()));
+    // Tab enters a group at its selected button. Qt sees to that only once the group has had the focus.
+    view_.setFocusPolicy(control_.value() || !groupHasSelection() ? Qt::StrongFocus : Qt::ClickFocus);
     if (view_.isChecked() == control_.value()) return;
     // Qt keeps one button of a group checked; a group without a selection needs that rule lifted.
     view_.setAutoExclusive(control_.value());
     view_.setChecked(control_.value());
     view_.setAutoExclusive(true);
+  }
+
+ private:
+  bool groupHasSelection() const {
+    const auto& all = control_.form().controls();
+    return std::any_of(all.begin(), all.end(), [this](const auto& other) {
+      const auto* option = dynamic_cast<const OptionButton*>(other.get());
+      return option && option->container() == control_.container() && option->value();
+    });
   }
 };
 
