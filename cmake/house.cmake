@@ -27,6 +27,11 @@ if(VMG_SANITIZE)
   target_link_options(vmg_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(WIN32)  # one self-contained file each: no run-time library of the compiler beside it
+  target_compile_definitions(vmg_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+  target_link_options(vmg_options INTERFACE -static -Wl,--gc-sections -s)
+endif()
+
 # vmg_library(NAME SOURCES ... [DEPENDS ...]): a small static library.
 function(vmg_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
@@ -35,11 +40,19 @@ function(vmg_library name)
 endfunction()
 
 # vmg_test(NAME SOURCES ... [DEPENDS ...] [ENVIRONMENT ...]): a GoogleTest program; each test is a CTest case.
+# On Windows the whole program is one case: starting it for each test would cost more than the tests.
 function(vmg_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS;ENVIRONMENT")
-  find_package(GTest REQUIRED)
+  if(NOT WIN32)
+    find_package(GTest REQUIRED)
+  endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE vmg_options ${arg_DEPENDS} GTest::gtest GTest::gtest_main)
+  if(WIN32)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${arg_ENVIRONMENT}")
+    return()
+  endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
   if(arg_ENVIRONMENT)  # set once the tests are known: gtest_discover_tests keeps the first of several variables only
     set(script ${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake)
@@ -51,3 +64,8 @@ endif()
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${script})
   endif()
 endfunction()
+
+# Debian has GoogleTest for Windows as its sources alone.
+if(WIN32 AND BUILD_TESTING)
+  add_subdirectory(/usr/src/googletest/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+endif()

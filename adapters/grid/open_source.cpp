@@ -41,7 +41,7 @@ std::unique_ptr<RowSource> openRowSource(const std::string& fileAndTable) {
   if (!std::filesystem::is_regular_file(status)) {
     throw Error(ErrorNumber::PathAccess, file + " is not an ordinary file");
   }
-  if (isSqlite(file)) return std::make_unique<SqliteSource>(file, table);
+  if (isSqlite(file)) return openSqlite(file, table);
   if (!table.empty()) {
     throw Error(ErrorNumber::InvalidCall, file + " is not an SQLite database, so it has no table " + table);
   }

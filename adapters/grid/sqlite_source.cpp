@@ -1,5 +1,7 @@
 #include "adapters/grid/sqlite_source.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 
 #include "support/automation/class_table.h"
@@ -37,7 +39,30 @@ std::string_view columnText(sqlite3_stmt* statement, int column) {
   return {text ? text : "", static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
 }
 
-}  // namespace
+class SqliteSource final : public RowSource {
+ public:
+  SqliteSource(const std::string& path, const std::string& table);
+
+  std::string name() const override { return path_ + '#' + table_; }
+  std::vector<ColumnSpec> columns() override;
+  void read(RowSink& sink, Problems& problems) override;
+
+ private:
+  struct Closer {
+    void operator()(sqlite3* database) const { sqlite3_close(database); }
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+  };
+  using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
+
+  Statement prepare(const std::string& sql) const;
+  bool step(const Statement& statement) const;
+  std::vector<std::string> names(const char* kinds) const;
+  Statement selectAll() const;
+  [[noreturn]] void fail(int code) const;
+
+  std::string path_, table_;
+  std::unique_ptr<sqlite3, Closer> database_;
+};
 
 SqliteSource::SqliteSource(const std::string& path, const std::string& table) : path_(path) {
   sqlite3* opened = nullptr;
@@ -153,6 +178,12 @@ void SqliteSource::fail(int code) const {
           ErrorNumber::PathAccess,
           path_ + " cannot be read: " + (database_ ? sqlite3_errmsg(database_.get()) : "out of memory"));
   }
+}
+
+}  // namespace
+
+std::unique_ptr<RowSource> openSqlite(const std::string& path, const std::string& table) {
+  return std::make_unique<SqliteSource>(path, table);
 }
 
 }  // namespace vmgv

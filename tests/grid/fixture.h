@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,9 @@ using Rows = std::vector<std::string>;
 class Folder {
  public:
   Folder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "grid-XXXXXX").string();
-    path_ = mkdtemp(pattern.data());
+    const auto name = "grid-" + std::to_string(std::random_device()()) + std::to_string(std::random_device()());
+    path_ = (std::filesystem::temp_directory_path() / name).string();
+    std::filesystem::create_directory(path_);
   }
   ~Folder() { std::filesystem::remove_all(path_); }
   std::string path(const std::string& name) const { return path_ + '/' + name; }
