@@ -1,0 +1,47 @@
+// The entry points of an in-process server.
+#include "frontends/com/wall.h"
+#include "servers/common/class_factory.h"
+#include "servers/common/registration.h"
+
+namespace vmgv {
+namespace {
+
+HINSTANCE module = nullptr;
+
+}  // namespace
+
+HINSTANCE moduleHandle() noexcept { return module; }
+
+}  // namespace vmgv
+
+using namespace vmgv;
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
+  if (reason == DLL_PROCESS_ATTACH) vmgv::module = instance;
+  return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  for (const ServerClass& made : server().classes) {
+    if (made.clsid == clsid) {
+      return guarded([&] { return makeComObject<ClassFactory>(made)->QueryInterface(iid, out); });
+    }
+  }
+  return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+STDAPI DllCanUnloadNow() { return livingComObjects() == 0 && serverLocks() == 0 ? S_OK : S_FALSE; }
+
+STDAPI DllRegisterServer() {
+  return guarded([] { registerServer(server(), writableScope()); });
+}
+
+STDAPI DllUnregisterServer() {
+  return guarded([] {
+    for (const Scope scope : {Scope::User, Scope::Machine}) {
+      if (isRegistered(server(), scope)) unregisterServer(server(), scope);
+    }
+  });
+}
