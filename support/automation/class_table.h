@@ -71,6 +71,8 @@ class ClassTable {
       if (entries_[i].name == defaultMember) default_ = &entries_[i];
     }
   }
+  ClassTable(const ClassTable&) = delete;
+  ClassTable& operator=(const ClassTable&) = delete;
 
   const std::string& typeName() const noexcept { return typeName_; }
 
@@ -78,6 +80,12 @@ class ClassTable {
     const auto found = ids_.find(lowerCase(name));
     if (found == ids_.end()) throw notFound(std::string(name));
     return found->second;
+  }
+
+  // The plain case of a get or call, for callers that must be quick; null: invoke() sees to it.
+  Getter getter(MemberId id, std::size_t arguments) const noexcept {
+    const auto place = static_cast<std::size_t>(id) - 1;
+    return place < entries_.size() && arguments <= entries_[place].arguments ? entries_[place].get : nullptr;
   }
 
   Value invoke(T& object, MemberId id, Access access, std::span<const Value> args) const {
@@ -119,7 +127,11 @@ class Exposed : public Object {
   ClassId classId() const noexcept override { return &table_; }
   MemberId member(std::string_view name) override { return table_.member(name); }
   Value invoke(MemberId id, Access access, std::span<const Value> args) override {
-    return table_.invoke(static_cast<T&>(*this), id, access, args);
+    auto& self = static_cast<T&>(*this);
+    if (access == Access::Get || access == Access::Call) {
+      if (const auto get = table_.getter(id, args.size())) return get(self, args);
+    }
+    return table_.invoke(self, id, access, args);
   }
 
  private:

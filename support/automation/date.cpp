@@ -1,6 +1,7 @@
 #include "support/automation/date.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 
@@ -103,9 +104,17 @@ DatePattern::DatePattern(std::string_view pattern) {
 }
 
 std::string DatePattern::format(Date date) const {
+  // An export formats a date a cell: patterns of ordinary length need no memory of their own.
+  const std::size_t longest = tokens_.size() * kLongestToken;
+  if (std::array<char, 128> buffer; longest <= buffer.size())
+    return {buffer.data(), write(date, buffer.data())};
+  std::string text(longest, '\0');
+  text.resize(static_cast<std::size_t>(write(date, text.data()) - text.data()));
+  return text;
+}
+
+char* DatePattern::write(Date date, char* out) const {
   const CivilTime time = civilTime(date);
-  std::string text(tokens_.size() * kLongestToken, '\0');
-  char* out = text.data();
   for (const Token& token : tokens_) {
     switch (token.part) {
       case Part::Literal: *out++ = token.character; break;
@@ -125,8 +134,7 @@ std::string DatePattern::format(Date date) const {
         break;
     }
   }
-  text.resize(static_cast<std::size_t>(out - text.data()));
-  return text;
+  return out;
 }
 
 }  // namespace vmgv

@@ -38,6 +38,9 @@ class DatePattern {
     char character;       // of a literal
     unsigned char width;  // digits at least
   };
+  // Room for four characters a token; returns the end.
+  char* write(Date date, char* out) const;
+
   std::vector<Token> tokens_;
   bool twelveHours_ = false;
 };
