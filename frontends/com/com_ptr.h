@@ -4,6 +4,7 @@
 #include <ole2.h>
 
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 
 namespace vmgv {
@@ -17,6 +18,9 @@ class ComPtr {
     if (pointer_) pointer_->AddRef();
   }
   ComPtr(const ComPtr& other) noexcept : ComPtr(other.pointer_) {}
+  template <class U>
+  requires std::is_convertible_v<U*, T*> ComPtr(const ComPtr<U>& other)
+  noexcept : ComPtr(other.get()) {}  // NOLINT: a pointer to a base
   ComPtr(ComPtr&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
   ComPtr& operator=(ComPtr other) noexcept {
     std::swap(pointer_, other.pointer_);

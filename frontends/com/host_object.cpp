@@ -1,0 +1,237 @@
+#include "frontends/com/host_object.h"
+
+#include <array>
+#include <string>
+
+#include "frontends/com/class_identity.h"
+#include "frontends/com/enumerators.h"
+#include "frontends/com/registry.h"
+#include "frontends/com/text.h"
+#include "frontends/com/variant.h"
+#include "frontends/com/wall.h"
+
+namespace vmgv {
+namespace {
+
+// A script's value that is used like a function: run-time error 5002 of JScript.
+constexpr HRESULT kFunctionExpected = static_cast<HRESULT>(0x800A138A);
+
+// A number for one object alone. Odd, and never given twice, so that it is no address and no earlier
+// object's.
+ClassId freshClassId() noexcept {
+  static std::uintptr_t last = 1;
+  return reinterpret_cast<ClassId>(last += 2);
+}
+
+bool isProxy(IUnknown* object) noexcept {
+  static constexpr IID kProxyManager = {8, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};  // IProxyManager
+  ComPtr<IUnknown> manager;
+  return SUCCEEDED(object->QueryInterface(kProxyManager, manager.putVoid()));
+}
+
+// Automation takes arguments backwards.
+class Arguments {
+ public:
+  explicit Arguments(std::span<const Value> values) {
+    if (values.size() > few_.size()) many_ = std::make_unique<Variant[]>(values.size());
+    first_ = many_ ? many_.get() : few_.data();
+    for (std::size_t i = 0; i < values.size(); ++i) toVariant(values[values.size() - 1 - i], first_ + i);
+    parameters.rgvarg = first_;
+    parameters.cArgs = static_cast<UINT>(values.size());
+  }
+
+  DISPPARAMS parameters{};
+
+ private:
+  std::array<Variant, 4> few_;
+  std::unique_ptr<Variant[]> many_;
+  Variant* first_;
+};
+
+// Owns what a failing call tells.
+struct Exception : EXCEPINFO {
+  Exception() : EXCEPINFO{} {}
+  Exception(const Exception&) = delete;
+  Exception& operator=(const Exception&) = delete;
+  ~Exception() { clear(); }
+  void clear() {
+    SysFreeString(bstrSource);
+    SysFreeString(bstrDescription);
+    SysFreeString(bstrHelpFile);
+    static_cast<EXCEPINFO&>(*this) = {};
+  }
+  void complete() {
+    if (const auto fillIn = std::exchange(pfnDeferredFillIn, nullptr)) fillIn(this);
+  }
+  HRESULT code() {
+    complete();
+    return scode != 0 ? scode : wCode != 0 ? static_cast<HRESULT>(0x800A0000 + wCode) : E_FAIL;
+  }
+};
+
+}  // namespace
+
+// One call with its arguments, tried in one way after another.
+class HostObject::Call {
+ public:
+  Call(HostObject& object, std::span<const Value> values) : object_(object), arguments_(values) {}
+
+  // What was tried must have failed before it ran: no member of that kind, not with so many arguments.
+  bool mayTryOtherwise() {
+    return result_ == DISP_E_MEMBERNOTFOUND || result_ == DISP_E_BADPARAMCOUNT ||
+           (result_ == DISP_E_EXCEPTION && exception_.code() == kFunctionExpected);
+  }
+  bool invoke(MemberId member, WORD flags) {
+    static DISPID newValue = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters = arguments_.parameters;
+    if (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
+      parameters.rgdispidNamedArgs = &newValue;
+      parameters.cNamedArgs = 1;
+    }
+    exception_.clear();
+    result_ = object_.script_ ? object_.script_->InvokeEx(member, LOCALE_USER_DEFAULT, flags, &parameters,
+                                                          answer_.put(), &exception_, nullptr)
+                              : object_.dispatch_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags,
+                                                          &parameters, answer_.put(), &exception_, nullptr);
+    return SUCCEEDED(result_);
+  }
+  Value answer() {
+    if (FAILED(result_)) fail();
+    return answer_.value();
+  }
+
+ private:
+  [[noreturn]] void fail() {
+    if (result_ != DISP_E_EXCEPTION) throw errorOf(result_);
+    const HRESULT code = exception_.code();
+    const Error meaning = errorOf(code);
+    const std::string text = narrow(BString::view(exception_.bstrDescription));
+    if (text.empty()) throw meaning;
+    throw Error(meaning.number(), text);
+  }
+
+  HostObject& object_;
+  Arguments arguments_;
+  Variant answer_;
+  Exception exception_;
+  HRESULT result_ = S_OK;
+};
+
+HostObject::HostObject(ComPtr<IDispatch> dispatch, ComPtr<IUnknown> identity) noexcept
+    : dispatch_(std::move(dispatch)), identity_(std::move(identity)) {}
+
+HostObject::~HostObject() { forget(*this); }
+
+// Each question to an object of another process is a journey: such a one is taken as it comes.
+void HostObject::learn() const noexcept {
+  known_ = true;
+  const bool inProcess = !isProxy(identity_.get());
+  if (inProcess) script_ = dispatch_.as<IDispatchEx>();
+  if (script_) return;  // its members come and go
+  try {
+    const GUID told = inProcess ? toldIdentity(dispatch_.get()) : GUID_NULL;
+    class_ = told != GUID_NULL ? interned(told) : freshClassId();
+  } catch (const std::bad_alloc&) {
+    class_ = nullptr;
+  }
+}
+
+ClassId HostObject::classId() const noexcept {
+  if (!known_) learn();
+  return class_;
+}
+
+std::string HostObject::typeName() const {
+  const std::string told = toldClassName(dispatch_.get());
+  return told.empty() ? "Object" : told;
+}
+
+HRESULT HostObject::find(std::wstring_view name, MemberId& member) {
+  DISPID id = DISPID_UNKNOWN;
+  HRESULT result;
+  if (script_) {
+    const BString text(name);
+    result = script_->GetDispID(text.get(), fdexNameCaseSensitive, &id);
+    if (FAILED(result)) result = script_->GetDispID(text.get(), fdexNameCaseInsensitive, &id);
+  } else {
+    std::wstring text(name);
+    LPOLESTR start = text.data();
+    result = dispatch_->GetIDsOfNames(IID_NULL, &start, 1, LOCALE_USER_DEFAULT, &id);
+  }
+  member = id;
+  return SUCCEEDED(result) && id == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : result;
+}
+
+MemberId HostObject::member(std::string_view name) {
+  if (!known_) learn();
+  MemberId member;
+  const HRESULT result = find(wide(name), member);
+  if (result == DISP_E_UNKNOWNNAME || result == DISP_E_MEMBERNOTFOUND) {
+    throw Error(ErrorNumber::MemberNotFound, typeName() + " has no member " + std::string(name));
+  }
+  check(result, name);
+  return member;
+}
+
+Value HostObject::invoke(MemberId member, Access access, std::span<const Value> args) {
+  if (!known_) learn();
+  const ObjectRef kept(this);  // the host may let go of the object meanwhile
+  Call call(*this, args);
+  switch (access) {
+    case Access::Get: return get(call, member, args);
+    case Access::Call:
+      if (!call.invoke(member, DISPATCH_METHOD) && call.mayTryOtherwise()) {
+        call.invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET);
+      }
+      break;
+    case Access::Put:
+      if (!call.invoke(member, DISPATCH_PROPERTYPUT) && call.mayTryOtherwise()) {
+        call.invoke(member, DISPATCH_PROPERTYPUTREF);
+      }
+      break;
+    case Access::PutRef:
+      if (!call.invoke(member, DISPATCH_PROPERTYPUTREF) && call.mayTryOtherwise()) {
+        call.invoke(member, DISPATCH_PROPERTYPUT);
+      }
+      break;
+  }
+  return call.answer();
+}
+
+// A property, or a function's result. What is neither with these arguments may be a property without any that
+// is an object with a default member; and a collection of a script has none, only an Item.
+Value HostObject::get(Call& call, MemberId member, std::span<const Value> args) {
+  if (call.invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET)) return call.answer();
+  if (!call.mayTryOtherwise()) return call.answer();
+  if (call.invoke(member, DISPATCH_PROPERTYGET) || !call.mayTryOtherwise() || args.empty())
+    return call.answer();
+  if (member != kDefaultMember) {
+    Call without(*this, {});
+    if (without.invoke(member, DISPATCH_PROPERTYGET)) {
+      const Value answer = without.answer();
+      if (answer.isObject()) return (*answer.object()).invoke(kDefaultMember, Access::Get, args);
+    }
+  } else if (MemberId item; SUCCEEDED(find(L"Item", item))) {
+    call.invoke(item, DISPATCH_METHOD | DISPATCH_PROPERTYGET);
+  }
+  return call.answer();
+}
+
+std::unique_ptr<Enumeration> HostObject::enumerate() {
+  if (!known_) learn();
+  Variant answer;
+  DISPPARAMS nothing{};
+  const WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+  const HRESULT result = script_ ? script_->InvokeEx(DISPID_NEWENUM, LOCALE_USER_DEFAULT, flags, &nothing,
+                                                     &answer, nullptr, nullptr)
+                                 : dispatch_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT, flags,
+                                                     &nothing, &answer, nullptr, nullptr);
+  ComPtr<IEnumVARIANT> enumerator;
+  if (SUCCEEDED(result) && (V_VT(&answer) == VT_UNKNOWN || V_VT(&answer) == VT_DISPATCH)) {
+    enumerator = ComPtr<IUnknown>(V_UNKNOWN(&answer)).as<IEnumVARIANT>();
+  }
+  if (!enumerator) return Object::enumerate();
+  return wrapEnumerator(std::move(enumerator));
+}
+
+}  // namespace vmgv
