@@ -1,0 +1,85 @@
+#include "frontends/win32/natural_size.h"
+
+#include <algorithm>
+
+#include "frontends/com/text.h"
+
+namespace vmgv {
+namespace {
+
+// In dialog units, a quarter of the average letter's width and an eighth of the line's height.
+constexpr int kButtonWidth = 50, kButtonPadding = 12, kSignPadding = 8;
+constexpr int kFieldPadding = 6;
+constexpr int kBarWidth = 107, kBarHeight = 8;
+constexpr int kFramePadding = 8;
+// In pixels of a usual monitor.
+constexpr int kFieldBorder = 4;     // above and below the text of a field or button
+constexpr int kIndicator = 14;      // of a check box or option button, with its border
+constexpr int kIndicatorSlack = 4;  // for the rectangle that marks the focus
+constexpr int kRule = 2;            // an etched line
+
+// Every choice between sizes is the same for all windows of a row, so that they align.
+class Measure final : public ControlVisitor {
+ public:
+  Measure(const Font& font, FontBook& fonts, const Units& units)
+      : units_(units), text_(fonts.font(font, units.dpi())) {}
+
+  SIZE size() const { return size_; }
+
+  void visit(CheckBox& box) override { choice(box); }
+  void visit(OptionButton& button) override { choice(button); }
+  void visit(ComboBox& combo) override {
+    size_ = {letters(combo.columns) + x(kFieldPadding) + scrollBarWidth(), fieldHeight()};
+  }
+  void visit(TextBox& box) override { size_ = {letters(box.columns) + x(kFieldPadding), fieldHeight()}; }
+  void visit(CommandButton& button) override {
+    const std::wstring caption = wide(button.caption());
+    const LONG words = text_.extent(caption).cx;
+    const bool sign = std::none_of(caption.begin(), caption.end(), [](wchar_t c) { return IsCharAlphaW(c); });
+    size_ = {sign && !caption.empty() ? std::max<LONG>(fieldHeight(), words + x(kSignPadding))
+                                      : std::max<LONG>(x(kButtonWidth), words + x(kButtonPadding)),
+             fieldHeight()};
+  }
+  void visit(Label& label) override { size_ = text_.extent(wide(label.caption())); }
+  void visit(Frame& frame) override {
+    size_ = {text_.extent(wide(frame.caption())).cx + 2 * x(kFramePadding), text_.lineHeight() + kRule};
+  }
+  void visit(PictureBox&) override {}
+  void visit(Line&) override { size_ = {0, kRule}; }
+  void visit(ProgressBar&) override { size_ = {x(kBarWidth), y(kBarHeight)}; }
+
+ private:
+  int x(int units) const { return (units * text_.averageWidth() + 3) / 4; }
+  int y(int units) const { return (units * text_.lineHeight() + 7) / 8; }
+  int letters(int count) const { return count * text_.averageWidth(); }
+  int fieldHeight() const { return text_.lineHeight() + 2 * units_.scaled(kFieldBorder); }
+  int scrollBarWidth() const { return GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(units_.dpi())); }
+  // Between the indicator and the words lies half a letter.
+  void choice(const Control& control) {
+    const SIZE words = text_.extent(wide(control.caption()));
+    const int indicator = units_.scaled(kIndicator);
+    size_ = {indicator + text_.averageWidth() + words.cx + units_.scaled(kIndicatorSlack),
+             std::max<LONG>(indicator, words.cy) + units_.scaled(kRule)};
+  }
+
+  const Units& units_;
+  TextMeasure text_;
+  SIZE size_{};
+};
+
+}  // namespace
+
+SIZE naturalPixels(const Control& control, FontBook& fonts, const Units& units) {
+  Measure measure(control.font(), fonts, units);
+  const_cast<Control&>(control).accept(measure);  // visitors may change controls; this one only reads
+  return measure.size();
+}
+
+Insets naturalInsets(const Container& container, FontBook& fonts, const Units& units) {
+  if (!dynamic_cast<const Frame*>(&container)) return {};
+  const TextMeasure text(fonts.font(container.font(), units.dpi()));
+  const int border = kRule * units.twipsPerPixel();
+  return {border, text.lineHeight() * units.twipsPerPixel(), border, border};
+}
+
+}  // namespace vmgv

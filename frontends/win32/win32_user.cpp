@@ -1,0 +1,225 @@
+// What the user of a Windows desktop does and sees.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <dlgs.h>
+
+#include <filesystem>
+
+#include "frontends/com/text.h"
+#include "frontends/win32/gestures.h"
+#include "frontends/win32/picture.h"
+#include "frontends/win32/scopes.h"
+#include "frontends/win32/win32_desktop.h"
+#include "support/automation/error.h"
+#include "support/text/utf8.h"
+
+namespace vmgv {
+namespace {
+
+void requireFocusable(const Control& control) {
+  if (!control.focusable()) throw CannotDo(control.address() + " does not take the focus");
+}
+
+// A list that is still dropped down would get the keys of what comes next.
+void closeLists(HWND dialog) {
+  EnumChildWindows(
+      dialog,
+      [](HWND child, LPARAM) -> BOOL {
+        if (SendMessageW(child, WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS &&
+            SendMessageW(child, CB_GETDROPPEDSTATE, 0, 0)) {
+          SendMessageW(child, CB_SHOWDROPDOWN, FALSE, 0);
+        }
+        return TRUE;
+      },
+      0);
+}
+
+// The field of a file picker in which a name can be typed.
+HWND nameField(HWND picker) {
+  HWND found = nullptr;
+  EnumChildWindows(
+      picker,
+      [](HWND child, LPARAM result) -> BOOL {
+        const int id = GetDlgCtrlID(child);
+        if ((id != edt1 && id != cmb13) || !IsWindowVisible(child)) return TRUE;
+        HWND inner = child;
+        while (const HWND next = GetWindow(inner, GW_CHILD)) inner = next;
+        *reinterpret_cast<HWND*>(result) = inner;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+}  // namespace
+
+// What is over while its program still works takes nothing any more.
+Form* Win32Desktop::form() {
+  return topIsOver() || !shown_.back().window ? nullptr : &shown_.back().window->form();
+}
+
+const Box* Win32Desktop::box() {
+  return topIsOver() || !shown_.back().box ? nullptr : &shown_.back().box->box;
+}
+
+FormWindow& Win32Desktop::topWindow() {
+  if (form()) return *shown_.back().window;
+  throw CannotDo(box() ? "a box is on top" : "no dialog is shown");
+}
+
+Win32Desktop::OpenBox& Win32Desktop::topBox(Box::Kind kind) {
+  const char* const wanted = kind == Box::Kind::Message ? "message" : "file picker";
+  if (!box() || box()->kind != kind) throw CannotDo(std::string("no ") + wanted + " is on top");
+  return *shown_.back().box;
+}
+
+Binding& Win32Desktop::bindingOnTop(Control& control) {
+  FormWindow& window = topWindow();
+  if (&window.form() != &control.form()) throw CannotDo(control.form().name() + " is not on top");
+  requireUsable(control);
+  followAll();
+  closeLists(window.window());
+  return window.binding(control);
+}
+
+void Win32Desktop::letKeysArrive() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) process(message);
+}
+
+// The control has the focus.
+void Win32Desktop::pressKey(Control& control, Key key, int shift) {
+  const gestures::HeldKeys held(shift);
+  MSG message = gestures::keyDown(topWindow().binding(control).window(), key, shift);
+  process(message);
+  letKeysArrive();
+  if (!IsWindow(message.hwnd)) return;
+  message.message = shift & kAlt ? WM_SYSKEYUP : WM_KEYUP;
+  SendMessageW(message.hwnd, message.message, message.wParam, message.lParam | 0xC0000000);
+}
+
+void Win32Desktop::click(Control& control) {
+  const Binding& binding = bindingOnTop(control);
+  if (!control.focusable()) {
+    throw CannotDo(control.address() + ", a " + std::string(control.typeName()) +
+                   ", does not react to clicks");
+  }
+  gestures::click(binding.window());
+}
+
+void Win32Desktop::doubleClick(Control& control) {
+  const Binding& binding = bindingOnTop(control);
+  requireFocusable(control);
+  gestures::doubleClick(binding.window());
+}
+
+// Drops the list down by the keyboard, walks to the entry and takes it.
+void Win32Desktop::choose(Control& control, int entry) {
+  focus(control);
+  const auto* combo = dynamic_cast<const ComboBox*>(&control);
+  if (!combo) throw CannotDo(control.address() + " is no list");
+  const int count = static_cast<int>(combo->items().size());
+  if (entry < 0 || entry >= count) {
+    throw CannotDo(control.address() + " has " + std::to_string(count) + " entries, none at " +
+                   std::to_string(entry));
+  }
+  const HWND list = topWindow().binding(control).window();
+  pressKey(control, Key::Down, kAlt);
+  for (int steps = count; steps > 0; --steps) {
+    const int at = static_cast<int>(SendMessageW(list, CB_GETCURSEL, 0, 0));
+    if (at == entry) break;
+    pressKey(control, at < entry ? Key::Down : Key::Up, 0);
+  }
+  pressKey(control, Key::Return, 0);
+}
+
+void Win32Desktop::enter(Control& control, const std::string& text) {
+  focus(control);
+  if (!dynamic_cast<TextBox*>(&control)) throw CannotDo(control.address() + " is no field");
+  if (text.find_first_of("\r\n") != std::string::npos) throw CannotDo(control.address() + " takes one line");
+  if (!isUtf8(text)) throw CannotDo("the text is not UTF-8");
+  const HWND field = topWindow().binding(control).window();
+  SendMessageW(field, EM_SETSEL, 0, -1);
+  if (text.empty()) pressKey(control, Key::Delete, 0);
+  for (const wchar_t unit : wide(text)) SendMessageW(field, WM_CHAR, unit, 1);
+  if (form() == &control.form()) pressKey(control, Key::Tab, 0);
+}
+
+void Win32Desktop::press(Control& control, Key key, int shift) {
+  focus(control);
+  pressKey(control, key, shift);
+}
+
+// By the Tab key, as far as it leads; the members of a group of option buttons are no stops of their own.
+void Win32Desktop::focus(Control& control) {
+  const Binding& binding = bindingOnTop(control);
+  requireFocusable(control);
+  FormWindow& window = topWindow();
+  for (std::size_t stops = window.form().controls().size(); stops > 0 && window.focusedControl() != &control;
+       --stops) {
+    Control* from = window.focusedControl();
+    if (!from) break;
+    pressKey(*from, Key::Tab, 0);
+  }
+  if (window.focusedControl() != &control) SetFocus(binding.window());
+}
+
+Control* Win32Desktop::focused() {
+  if (!form()) return nullptr;
+  followAll();
+  return topWindow().focusedControl();
+}
+
+void Win32Desktop::resize(Size size) {
+  FormWindow& window = topWindow();
+  if (size.width < 1 || size.height < 1) throw CannotDo("a window has a width and a height");
+  window.form().setSize(size);
+  followAll();
+}
+
+void Win32Desktop::closeWindow() {
+  const FormWindow& window = topWindow();
+  closeLists(window.window());
+  SendMessageW(window.window(), WM_SYSCOMMAND, SC_CLOSE, 0);
+}
+
+// The only button of a message may carry the number of Cancel.
+void Win32Desktop::pressButton(const OpenBox& open, int id) {
+  HWND button = GetDlgItem(open.window, id);
+  if (!button && id == IDOK) button = GetDlgItem(open.window, IDCANCEL);
+  if (!button) throw CannotDo("this box can only be answered by a person");
+  gestures::click(button);
+}
+
+void Win32Desktop::answer(MessageResult result) {
+  const OpenBox& open = topBox(Box::Kind::Message);
+  const bool question = open.box.style == MessageStyle::Question;
+  const bool yesNo = result == MessageResult::Yes || result == MessageResult::No;
+  if (question ? !yesNo : result != MessageResult::Ok) {
+    throw CannotDo(std::string("the message has ") + (question ? "Yes and No" : "OK") + " only");
+  }
+  pressButton(open, static_cast<int>(result));
+}
+
+void Win32Desktop::pick(const std::optional<std::string>& path) {
+  const OpenBox& open = topBox(Box::Kind::File);
+  if (!path) return pressButton(open, IDCANCEL);
+  const std::filesystem::path file(wide(*path));
+  std::error_code failed;
+  if (!std::filesystem::is_regular_file(file, failed)) throw CannotDo("there is no file " + *path);
+  const HWND field = nameField(open.window);
+  if (!field) throw CannotDo("this file picker can only be answered by a person");
+  SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::filesystem::absolute(file).c_str()));
+  pressButton(open, IDOK);
+}
+
+void Win32Desktop::picture(const std::string& path) {
+  followAll();
+  const HWND shown = owner();
+  if (!shown) throw CannotDo("there is no window to take a picture of");
+  const DpiScope dpi;
+  savePicture(shown, path);
+}
+
+}  // namespace vmgv
