@@ -7,6 +7,12 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev lib
 test_packages=(python3-openpyxl clang-tidy)
 # Its package would drive out a LibreOffice with windows, so it is wanted only where there is none at all.
 command -v soffice >/dev/null || test_packages+=(libreoffice-calc-nogui)
+windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev googletest  # its sources
+                  mingw-w64-tools libwine-dev fp-utils  # type libraries and compiled help
+                  wine wine64 fonts-wine fonts-liberation xvfb x11-utils)
+
+# Another checkout of the same sources finds its objects in the compiler cache, where there is one.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 say() { printf '== %s\n' "$*"; }
 
@@ -15,10 +21,42 @@ die() {
   exit 1
 }
 
+has_apt() { command -v dpkg-query >/dev/null && command -v apt-get >/dev/null; }
+
+# as_root COMMAND ...
+as_root() {
+  if ((EUID == 0)); then
+    env DEBIAN_FRONTEND=noninteractive "$@"
+  else
+    sudo env DEBIAN_FRONTEND=noninteractive "$@"
+  fi
+}
+
+can_be_root() { ((EUID == 0)) || command -v sudo >/dev/null; }
+
+# missing_packages PACKAGE ...: those of them that are not installed, one a line.
+missing_packages() {
+  local package
+  for package in "$@"; do
+    [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
+  done
+}
+
+# install LOG PACKAGE ...: by apt, with all of its words in LOG. Takes nothing away from the machine.
+install() {
+  local log=$1 apt=(apt-get -q -o DPkg::Lock::Timeout=300)
+  shift
+  mkdir -p build
+  say "Installing $* (a few minutes)"
+  as_root "${apt[@]}" update >"$log" 2>&1 ||
+    say "The list of packages could not be refreshed ($log); trying with the one at hand"
+  as_root "${apt[@]}" -y -o Dpkg::Use-Pty=0 install --no-install-recommends --no-remove "$@" >>"$log" 2>&1
+}
+
 # ensure_packages PACKAGE ...: installs the Debian packages that are missing. Does nothing, and needs no network,
 # where all are there.
 ensure_packages() {
-  if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+  if ! has_apt; then
     local tool
     for tool in c++ cmake ninja pkg-config; do
       command -v "$tool" >/dev/null ||
@@ -27,28 +65,24 @@ ensure_packages() {
     return  # the libraries are CMake's to find, by name
   fi
 
-  local package missing=()
-  for package in "$@"; do
-    [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || missing+=("$package")
-  done
+  local missing log=build/packages.log
+  mapfile -t missing < <(missing_packages "$@")
   ((${#missing[@]})) || return 0
-
-  local as_root=(env DEBIAN_FRONTEND=noninteractive)
-  if ((EUID != 0)); then
-    command -v sudo >/dev/null || die "missing packages, and no sudo. As root: apt-get install ${missing[*]}"
-    as_root=(sudo "${as_root[@]}")
-  fi
-  local log=build/packages.log
-  mkdir -p build
-  say "Refreshing the list of packages"
-  "${as_root[@]}" apt-get -q -o DPkg::Lock::Timeout=300 update >"$log" 2>&1 ||
-    say "The list could not be refreshed ($log); trying with the one at hand"
-  say "Installing ${missing[*]} (a few minutes)"
-  if ! "${as_root[@]}" apt-get -q -y -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 install \
-      --no-install-recommends "${missing[@]}" >>"$log" 2>&1; then
+  can_be_root || die "missing packages, and no sudo. As root: apt-get install ${missing[*]}"
+  if ! install "$log" "${missing[@]}"; then
     tail -n 20 "$log" >&2
     die "apt-get could not install ${missing[*]} (all of its words: $log)"
   fi
+}
+
+# ensure_wine32: whether 32-bit Windows programs can run here. Tries once for each build folder to install what they
+# need: the other architecture's packages are not always in step with the machine's own, least of all the updates.
+ensure_wine32() {
+  local log=build/wine32.log
+  [[ ! -x /usr/lib/wine/wine ]] || return 0
+  has_apt && can_be_root && [[ ! -f $log ]] || return 1
+  as_root dpkg --add-architecture i386 || return 1
+  install "$log" wine32:i386 || install "$log" -t "$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)" wine32:i386
 }
 
 # build_preset PRESET [TARGET ...]: configures once (Ninja does it again when a CMake file changes) and builds
