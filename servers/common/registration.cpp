@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "frontends/com/com_ptr.h"
 #include "frontends/com/wall.h"
 #include "servers/common/registry.h"
+#include "servers/common/type_info.h"
 
 // MinGW's headers leave these two out.
 STDAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* helpFolder);
@@ -29,19 +29,6 @@ std::wstring textOf(const GUID& guid) {
 
 std::wstring keyOf(const ServerClass& made) { return L"CLSID\\" + textOf(made.clsid); }
 std::wstring versionedProgId(const ServerClass& made) { return std::wstring(made.progId) + L".1"; }
-
-std::wstring modulePath() {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(moduleHandle(), path.data(), static_cast<DWORD>(path.size()));
-    if (length == 0) throw errorOf(HRESULT_FROM_WIN32(GetLastError()), "the server's own path");
-    if (length < path.size()) {
-      path.resize(length);
-      return path;
-    }
-    path.resize(2 * path.size());
-  }
-}
 
 void enterControl(const RegistryKey& classes, const std::wstring& key, const ControlFacts& control,
                   const std::wstring& path) {
@@ -82,8 +69,7 @@ void removeClass(const RegistryKey& classes, Scope scope, const ServerClass& mad
 
 void enterTypeLibrary(Scope scope) {
   std::wstring path = modulePath();
-  ComPtr<ITypeLib> library;
-  check(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.put()), "the server's type library");
+  const ComPtr<ITypeLib> library = embeddedTypeLibrary();
   const auto enter = scope == Scope::Machine ? RegisterTypeLib : RegisterTypeLibForUser;
   check(enter(library.get(), path.data(), nullptr), "registering the type library");
 }
