@@ -16,6 +16,9 @@ namespace {
 // A script's value that is used like a function: run-time error 5002 of JScript.
 constexpr HRESULT kFunctionExpected = static_cast<HRESULT>(0x800A138A);
 
+// An engine that has told its user of an error keeps it from the caller: SCRIPT_E_REPORTED.
+constexpr HRESULT kReported = static_cast<HRESULT>(0x80020101);
+
 // A number for one object alone. Odd, and never given twice, so that it is no address and no earlier
 // object's.
 ClassId freshClassId() noexcept {
@@ -102,6 +105,7 @@ class HostObject::Call {
 
  private:
   [[noreturn]] void fail() {
+    if (result_ == kReported) throw Error(kReported, "A script has failed and reported its error");
     if (result_ != DISP_E_EXCEPTION) throw errorOf(result_);
     const HRESULT code = exception_.code();
     const Error meaning = errorOf(code);
@@ -141,7 +145,10 @@ ClassId HostObject::classId() const noexcept {
   return class_;
 }
 
+// A script's objects are not asked: there is nothing reliable to hear.
 std::string HostObject::typeName() const {
+  if (!known_) learn();
+  if (script_) return "Object";
   const std::string told = toldClassName(dispatch_.get());
   return told.empty() ? "Object" : told;
 }
@@ -199,22 +206,23 @@ Value HostObject::invoke(MemberId member, Access access, std::span<const Value> 
 }
 
 // A property, or a function's result. What is neither with these arguments may be a property without any that
-// is an object with a default member; and a collection of a script has none, only an Item.
+// is an object with a default member. A script reports what fails in it to its user at once, so that its
+// objects are asked first for what they are most likely to have: a value without arguments, an Item of a
+// collection.
 Value HostObject::get(Call& call, MemberId member, std::span<const Value> args) {
-  if (call.invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET)) return call.answer();
-  if (!call.mayTryOtherwise()) return call.answer();
-  if (call.invoke(member, DISPATCH_PROPERTYGET) || !call.mayTryOtherwise() || args.empty())
+  constexpr WORD kProperty = DISPATCH_PROPERTYGET, kEither = DISPATCH_PROPERTYGET | DISPATCH_METHOD;
+  const bool valueOfScript = script_ && args.empty();
+  MemberId item;
+  if (script_ && member == kDefaultMember && !args.empty() && SUCCEEDED(find(L"Item", item))) member = item;
+
+  if (call.invoke(member, valueOfScript ? kProperty : kEither) || !call.mayTryOtherwise())
     return call.answer();
-  if (member != kDefaultMember) {
-    Call without(*this, {});
-    if (without.invoke(member, DISPATCH_PROPERTYGET)) {
-      const Value answer = without.answer();
-      if (answer.isObject()) return (*answer.object()).invoke(kDefaultMember, Access::Get, args);
-    }
-  } else if (MemberId item; SUCCEEDED(find(L"Item", item))) {
-    call.invoke(item, DISPATCH_METHOD | DISPATCH_PROPERTYGET);
-  }
-  return call.answer();
+  if (call.invoke(member, valueOfScript ? kEither : kProperty) || !call.mayTryOtherwise())
+    return call.answer();
+  if (args.empty() || member == kDefaultMember) return call.answer();
+  Call without(*this, {});
+  if (!without.invoke(member, kProperty)) return call.answer();
+  return (*without.answer().object()).invoke(kDefaultMember, Access::Get, args);
 }
 
 std::unique_ptr<Enumeration> HostObject::enumerate() {

@@ -119,7 +119,9 @@ HRESULT resultOf(const Error& error) noexcept {
 
 Error errorOf(HRESULT result, std::string_view what) {
   const std::int32_t number = numberOf(result);
-  std::string text = number > 0 ? Error(static_cast<ErrorNumber>(number)).description() : systemText(result);
+  std::string text = Error(static_cast<ErrorNumber>(number)).description();
+  const bool special = text != Error(ErrorNumber::Application).description();
+  if (!special) text = systemText(result);
   if (text.empty()) text = "Automation error";
   if (number < 0) text += " (" + hexadecimal(result) + ")";
   return {number, what.empty() ? text : std::string(what) + ": " + text};
