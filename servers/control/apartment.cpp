@@ -1,6 +1,7 @@
 #include "servers/control/apartment.h"
 
-#include "frontends/headless/headless_desktop.h"
+#include "frontends/win32/win32_desktop.h"
+#include "frontends/win32/win32_system.h"
 #include "servers/control/shared_strings.h"
 
 namespace vmgv {
@@ -14,9 +15,10 @@ struct Apartment : std::enable_shared_from_this<Apartment> {
 
   static thread_local Apartment* current;
 
-  HeadlessDesktop desktop;
+  Win32Desktop desktop;
+  Win32System system{desktop};
   SharedStrings strings;
-  Application application{desktop, desktop, strings};
+  Application application{desktop, system, strings};
 };
 
 thread_local Apartment* Apartment::current = nullptr;
