@@ -7,6 +7,7 @@
 
 #include "adapters/workbook/collection.h"
 #include "adapters/workbook/files.h"
+#include "adapters/workbook/paths.h"
 #include "adapters/workbook/workbook.h"
 
 namespace vmgv::workbook {
@@ -45,11 +46,11 @@ ObjectRef Session::add() {
   requireRunning();
   const std::string target = host_.targetPath();
   std::error_code ignored;
-  if (std::filesystem::is_directory(target, ignored)) {
+  if (std::filesystem::is_directory(pathOf(target), ignored)) {
     throw Error(ErrorNumber::PathAccess, "The workbook " + target + " cannot be written: it is a folder");
   }
   const std::string folder =
-      target.empty() ? std::filesystem::temp_directory_path(ignored).string() : folderOf(target);
+      target.empty() ? textOf(std::filesystem::temp_directory_path(ignored)) : folderOf(target);
   auto book = std::make_shared<Book>("Book" + std::to_string(++added_), folder);
   return workbooks_.emplace_back(makeObject<Workbook>(std::move(book)));
 }

@@ -1,10 +1,9 @@
 // The parts of a workbook and their way into the package.
 #include "adapters/workbook/book.h"
 
-#include <filesystem>
-
 #include "adapters/workbook/encode.h"
 #include "adapters/workbook/package.h"
+#include "adapters/workbook/paths.h"
 #include "support/automation/error.h"
 
 namespace vmgv::workbook {
@@ -125,7 +124,7 @@ std::int64_t Book::publish(const std::string& path) {
   file.commit();
 
   const std::int64_t rows = sheet_->rows();
-  name_ = std::filesystem::path(path).filename().string();
+  name_ = textOf(pathOf(path).filename());
   state_ = State::Published;
   sheet_.reset();
   return rows;

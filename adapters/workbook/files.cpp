@@ -1,112 +1,83 @@
-// POSIX files with errors that name the path and the reason.
+// Files with errors that name the path and the reason.
 #include "adapters/workbook/files.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdio>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
+#include "adapters/workbook/paths.h"
 #include "support/automation/error.h"
 
 namespace vmgv::workbook {
 namespace {
 
-ErrorNumber errorNumber(int error) {
-  switch (error) {
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG: return ErrorNumber::DiskFull;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case ENOENT:
-    case ENOTDIR:
-    case EISDIR:
-    case ENAMETOOLONG:
-    case ELOOP: return ErrorNumber::PathAccess;
-    default: return ErrorNumber::DeviceIo;
-  }
-}
-
 // Makes a file of a name that was free in the folder; `path` receives the name.
-int createIn(const std::string& folder, std::string& path) {
+port::Handle createIn(const std::string& folder, port::Stay stay, std::string& path, int& error) {
   static unsigned serial = 0;
   for (;;) {
-    path = (std::filesystem::path(folder) /
-            (".vmgv-" + std::to_string(getpid()) + "-" + std::to_string(++serial) + ".tmp"))
-               .string();
-    const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (descriptor >= 0 || errno != EEXIST) return descriptor;
+    path = textOf(pathOf(folder) /
+                  (".vmgv-" + std::to_string(port::processId()) + "-" + std::to_string(++serial) + ".tmp"));
+    const port::Handle file = port::create(path, stay, error);
+    if (file != port::kNoFile || !port::isTaken(error)) return file;
   }
 }
 
-int openSpool(const std::string& folder) {
+port::Handle openSpool(const std::string& folder) {
   std::string path;
-  const int descriptor = createIn(folder, path);
-  if (descriptor < 0) throwFileError("No file can be made in the folder " + folder, errno);
-  unlink(path.c_str());
-  return descriptor;
+  int error = 0;
+  const port::Handle file = createIn(folder, port::Stay::Passing, path, error);
+  if (file == port::kNoFile) throwFileError("No file can be made in the folder " + folder, error);
+  return file;
 }
 
 }  // namespace
 
 void throwFileError(const std::string& what, int error) {
-  throw Error(errorNumber(error), what + ": " + std::generic_category().message(error));
+  throw Error(port::numberOf(error), what + ": " + port::messageOf(error));
 }
 
 std::string folderOf(const std::string& path) {
-  const std::string folder = std::filesystem::path(path).parent_path().string();
+  const std::string folder = textOf(pathOf(path).parent_path());
   return folder.empty() ? "." : folder;
 }
 
-File::File(File&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+File::File(File&& other) noexcept : handle_(std::exchange(other.handle_, port::kNoFile)) {}
 
 File::~File() { close(); }
 
-int File::write(std::string_view bytes) noexcept {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
-    if (written >= 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      return errno;
-    }
-  }
-  return 0;
-}
-
 int File::close() noexcept {
-  const int descriptor = std::exchange(descriptor_, -1);
-  return descriptor < 0 || ::close(descriptor) == 0 ? 0 : errno;
+  const port::Handle handle = std::exchange(handle_, port::kNoFile);
+  return handle == port::kNoFile ? 0 : port::close(handle);
 }
 
 SpoolFile::SpoolFile(const std::string& folder) : folder_(folder), file_(openSpool(folder)) {}
 
 void SpoolFile::append(std::string_view bytes) {
-  if (const int error = file_.write(bytes)) {
+  if (const int error = file_.append(bytes)) {
     throwFileError("The workbook cannot be written into the folder " + folder_, error);
   }
 }
 
 std::size_t SpoolFile::read(std::uint64_t offset, char* bytes, std::size_t size) const {
-  for (;;) {
-    const ssize_t count = pread(file_.descriptor(), bytes, size, static_cast<off_t>(offset));
-    if (count >= 0) return static_cast<std::size_t>(count);
-    if (errno != EINTR) throwFileError("The workbook's working file in the folder " + folder_, errno);
+  std::size_t count = 0;
+  if (const int error = port::read(file_.handle(), offset, bytes, size, count)) {
+    throwFileError("The workbook's working file in the folder " + folder_, error);
   }
+  return count;
 }
 
-ReplacementFile::ReplacementFile(const std::string& target)
-    : target_(target), file_(createIn(folderOf(target), path_)) {
-  if (file_.descriptor() < 0) fail(errno);
+ReplacementFile::ReplacementFile(const std::string& target) : target_(target) {
+  int error = 0;
+  file_ = File(createIn(folderOf(target), port::Stay::Named, path_, error));
+  if (!file_.isOpen()) fail(error);
 }
 
 ReplacementFile::~ReplacementFile() {
-  if (!path_.empty()) unlink(path_.c_str());
+  if (path_.empty()) return;
+  file_.close();  // an open file stays where it is on some systems
+  port::remove(path_);
+}
+
+void ReplacementFile::append(std::string_view bytes) {
+  if (const int error = file_.append(bytes)) fail(error);
 }
 
 void ReplacementFile::fail(int error) const {
@@ -116,7 +87,7 @@ void ReplacementFile::fail(int error) const {
 void ReplacementFile::commit() {
   // Some file systems tell only now that they had no room.
   if (const int error = file_.close()) fail(error);
-  if (std::rename(path_.c_str(), target_.c_str()) != 0) fail(errno);
+  if (const int error = port::replace(path_, target_)) fail(error);
   path_.clear();
 }
 

@@ -1,9 +1,12 @@
-// The files behind a workbook: a working file without a name, and the file that takes its place in one step.
+// The files behind a workbook: a working file that goes by itself, and the file that takes the workbook's
+// place in one step.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "adapters/workbook/file_port.h"
 
 namespace vmgv::workbook {
 
@@ -13,23 +16,28 @@ namespace vmgv::workbook {
 // The folder of a file, "." where the path names none.
 std::string folderOf(const std::string& path);
 
-// An open file; the descriptor closes with it.
+// An open file, or none; it closes with this object.
 class File {
  public:
-  explicit File(int descriptor) noexcept : descriptor_(descriptor) {}
+  File() noexcept = default;
+  explicit File(port::Handle handle) noexcept : handle_(handle) {}
   File(File&& other) noexcept;
-  File& operator=(File&&) = delete;
+  File& operator=(File&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    return *this;
+  }
   ~File();
 
-  int descriptor() const noexcept { return descriptor_; }
-  int write(std::string_view bytes) noexcept;  // 0, or the system's error number
-  int close() noexcept;                        // likewise
+  bool isOpen() const noexcept { return handle_ != port::kNoFile; }
+  port::Handle handle() const noexcept { return handle_; }
+  int append(std::string_view bytes) noexcept { return port::append(handle_, bytes); }  // the error, or 0
+  int close() noexcept;                                                                 // likewise
 
  private:
-  int descriptor_;
+  port::Handle handle_ = port::kNoFile;
 };
 
-// A working file in a folder. It has no name there, so nothing remains of it however the program ends.
+// A working file in a folder; nothing remains of it however the program ends.
 class SpoolFile {
  public:
   explicit SpoolFile(const std::string& folder);
@@ -52,11 +60,12 @@ class ReplacementFile {
   ReplacementFile& operator=(const ReplacementFile&) = delete;
   ~ReplacementFile();
 
-  File& file() noexcept { return file_; }
-  [[noreturn]] void fail(int error) const;
+  void append(std::string_view bytes);
   void commit();
 
  private:
+  [[noreturn]] void fail(int error) const;
+
   std::string target_;
   std::string path_;
   File file_;

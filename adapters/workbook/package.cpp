@@ -1,65 +1,46 @@
-// Packages by minizip's raw entries: the parts come compressed already.
+// The records of a zip file, as PKWARE's APPNOTE.TXT lays them out. Numbers are little-endian.
 #include "adapters/workbook/package.h"
 
-#include <minizip/zip.h>
-#include <unistd.h>
 #include <zlib.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <utility>
 
 namespace vmgv::workbook {
 namespace {
 
-// minizip's file functions. They always report success and keep the first error aside: minizip leaks an
-// entry whose writing it sees fail.
-Package& of(voidpf package) { return *static_cast<Package*>(package); }
-voidpf openFile(voidpf package, const void*, int) { return package; }
-uLong readFile(voidpf, voidpf, void*, uLong) { return 0; }
-uLong writeFile(voidpf, voidpf package, const void* bytes, uLong size) {
-  of(package).write({static_cast<const char*>(bytes), size});
-  return size;
-}
-ZPOS64_T tellFile(voidpf, voidpf package) { return of(package).seek(0, SEEK_CUR); }
-long seekFile(voidpf, voidpf package, ZPOS64_T offset, int origin) {
-  const int whence = origin == ZLIB_FILEFUNC_SEEK_SET   ? SEEK_SET
-                     : origin == ZLIB_FILEFUNC_SEEK_CUR ? SEEK_CUR
-                                                        : SEEK_END;
-  of(package).seek(static_cast<std::int64_t>(offset), whence);
-  return 0;
-}
-int closeFile(voidpf, voidpf) { return 0; }  // the replacement file closes itself
-int fileError(voidpf, voidpf) { return 0; }
+constexpr std::uint32_t kElsewhere = 0xffffffff;   // the number stands in a 64-bit field
+constexpr std::uint16_t kNormal = 20, kWide = 45;  // versions: deflate, 64-bit fields
+constexpr std::uint16_t kDeflated = 8;
+constexpr std::uint32_t kFirstDay = 1u << 21 | 1u << 16;  // 1980-01-01 00:00, as the format begins to count
 
-constexpr std::uint64_t kZip64From = 0xffffffff;  // sizes that the classic fields cannot hold
+class Record {
+ public:
+  explicit Record(std::uint32_t signature) { put32(signature); }
+
+  Record& put16(std::uint64_t number) { return put(number, 2); }
+  Record& put32(std::uint64_t number) { return put(number, 4); }
+  Record& put64(std::uint64_t number) { return put(number, 8); }
+  // A field that is wide where its number does not fit.
+  Record& putShort(std::uint64_t number, bool wide) { return put32(wide ? kElsewhere : number); }
+  Record& putText(std::string_view text) {
+    bytes_ += text;
+    return *this;
+  }
+  const std::string& bytes() const noexcept { return bytes_; }
+
+ private:
+  Record& put(std::uint64_t number, int width) {
+    for (; width > 0; --width, number >>= 8) bytes_ += static_cast<char>(number & 0xff);
+    return *this;
+  }
+  std::string bytes_;
+};
+
+bool isLarge(std::uint64_t number) { return number >= kElsewhere; }
 
 }  // namespace
 
-Package::Package(ReplacementFile& file) : file_(file) {
-  zlib_filefunc64_def functions{openFile, readFile,  writeFile, tellFile,
-                                seekFile, closeFile, fileError, this};
-  zip_ = zipOpen2_64("", APPEND_STATUS_CREATE, nullptr, &functions);
-  if (!zip_) file_.fail(ENOMEM);
-}
-
-Package::~Package() {
-  if (zip_) zipClose(zip_, nullptr);  // unfinished: the file goes as well
-}
-
-void Package::write(std::string_view bytes) noexcept {
-  if (error_ == 0) error_ = file_.file().write(bytes);
-}
-
-std::uint64_t Package::seek(std::int64_t offset, int whence) noexcept {
-  const off_t place = lseek(file_.file().descriptor(), offset, whence);
-  if (place < 0 && error_ == 0) error_ = errno;
-  return place < 0 ? 0 : static_cast<std::uint64_t>(place);
-}
-
-void Package::check(int result) const {
-  if (error_ != 0) file_.fail(error_);
-  if (result != ZIP_OK) file_.fail(EIO);
+void Package::append(std::string_view bytes) {
+  file_.append(bytes);
+  size_ += bytes.size();
 }
 
 void Package::add(const char* name, std::string_view text) {
@@ -71,29 +52,62 @@ void Package::add(const char* name, std::string_view text) {
 }
 
 void Package::add(const char* name, std::span<const PackedStream* const> streams) {
-  uLong crc = 0;
-  std::uint64_t textSize = 0, packedSize = 0;
+  Entry entry{.name = name, .offset = size_};
   for (const PackedStream* stream : streams) {
-    crc = crc32_combine(crc, stream->crc(), static_cast<z_off_t>(stream->textSize()));
-    textSize += stream->textSize();
-    packedSize += stream->packedSize();
+    entry.crc = static_cast<std::uint32_t>(
+        crc32_combine64(entry.crc, stream->crc(), static_cast<z_off64_t>(stream->textSize())));
+    entry.textSize += stream->textSize();
+    entry.packedSize += stream->packedSize();
   }
 
-  zip_fileinfo info{};
-  info.tmz_date = {0, 0, 0, 1, 0, 1980};  // the format's first day
-  const int zip64 = std::max(textSize, packedSize) >= kZip64From;
-  check(zipOpenNewFileInZip2_64(zip_, name, &info, nullptr, 0, nullptr, 0, nullptr, Z_DEFLATED, 1, 1, zip64));
+  const bool wide = isLarge(entry.textSize) || isLarge(entry.packedSize);
+  Record header(0x04034b50);
+  header.put16(wide ? kWide : kNormal).put16(0).put16(kDeflated).put32(kFirstDay).put32(entry.crc);
+  header.putShort(entry.packedSize, wide).putShort(entry.textSize, wide);
+  header.put16(entry.name.size()).put16(wide ? 20 : 0).putText(entry.name);
+  if (wide) header.put16(1).put16(16).put64(entry.textSize).put64(entry.packedSize);
+  append(header.bytes());
   for (const PackedStream* stream : streams) {
-    stream->copyTo([this](std::string_view bytes) {
-      check(zipWriteInFileInZip(zip_, bytes.data(), static_cast<unsigned>(bytes.size())));
-    });
+    stream->copyTo([this](std::string_view bytes) { append(bytes); });
   }
-  check(zipCloseFileInZipRaw64(zip_, textSize, crc));
+  entries_.push_back(std::move(entry));
 }
 
 void Package::finish() {
-  void* zip = std::exchange(zip_, nullptr);
-  check(zipClose(zip, nullptr));
+  const std::uint64_t start = size_;
+  for (const Entry& entry : entries_) {
+    const bool wide = isLarge(entry.textSize) || isLarge(entry.packedSize), far = isLarge(entry.offset);
+    const std::uint16_t version = wide || far ? kWide : kNormal;
+    const int fields = (wide ? 16 : 0) + (far ? 8 : 0);
+    Record record(0x02014b50);
+    record.put16(version).put16(version).put16(0).put16(kDeflated).put32(kFirstDay).put32(entry.crc);
+    record.putShort(entry.packedSize, wide).putShort(entry.textSize, wide);
+    record.put16(entry.name.size()).put16(fields ? fields + 4 : 0);
+    record.put16(0).put16(0).put16(0).put32(0);  // comment, disk, attributes
+    record.putShort(entry.offset, far).putText(entry.name);
+    if (fields) record.put16(1).put16(fields);
+    if (wide) record.put64(entry.textSize).put64(entry.packedSize);
+    if (far) record.put64(entry.offset);
+    append(record.bytes());
+  }
+
+  const std::uint64_t end = size_;
+  const bool wide = isLarge(end);
+  if (wide) {
+    Record directory(0x06064b50);
+    directory.put64(44)
+        .put16(kWide)
+        .put16(kWide)
+        .put32(0)
+        .put32(0)
+        .put64(entries_.size())
+        .put64(entries_.size());
+    append(directory.put64(end - start).put64(start).bytes());
+    append(Record(0x07064b50).put32(0).put64(end).put32(1).bytes());
+  }
+  Record last(0x06054b50);
+  last.put16(0).put16(0).put16(entries_.size()).put16(entries_.size());
+  append(last.put32(end - start).putShort(start, wide).put16(0).bytes());
 }
 
 }  // namespace vmgv::workbook

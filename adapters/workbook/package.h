@@ -1,39 +1,42 @@
-// The zip container of a workbook.
+// The zip container of a workbook: parts come compressed already, one after the other.
 #pragma once
 
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "adapters/workbook/files.h"
 #include "adapters/workbook/packed_stream.h"
 
 namespace vmgv::workbook {
 
-// Entries carry no time of day, so equal content gives equal files.
+// Entries carry no time of day, so equal content gives equal files. Sizes beyond 4 GB take the format's
+// 64-bit fields, others do without them.
 class Package {
  public:
-  explicit Package(ReplacementFile& file);
-  Package(const Package&) = delete;
-  Package& operator=(const Package&) = delete;
-  ~Package();
+  explicit Package(ReplacementFile& file) noexcept : file_(file) {}
 
+  // Names are ASCII.
   void add(const char* name, std::string_view text);
   // One part made of several streams: all but the last ended on a boundary.
   void add(const char* name, std::span<const PackedStream* const> streams);
   void finish();
 
-  // For the zip library: the file's end of it. The first error is kept for the next step to throw.
-  void write(std::string_view bytes) noexcept;
-  std::uint64_t seek(std::int64_t offset, int whence) noexcept;
-
  private:
-  void check(int result) const;
+  struct Entry {
+    std::string name;
+    std::uint32_t crc = 0;
+    std::uint64_t textSize = 0, packedSize = 0;
+    std::uint64_t offset = 0;  // of its own header
+  };
+
+  void append(std::string_view bytes);
 
   ReplacementFile& file_;
-  void* zip_ = nullptr;
-  int error_ = 0;
+  std::vector<Entry> entries_;
+  std::uint64_t size_ = 0;
 };
 
 }  // namespace vmgv::workbook
