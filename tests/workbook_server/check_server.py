@@ -1,0 +1,143 @@
+"""check_server.py RUN SERVER.dll CLIENT.exe BITS: registers the server, fills workbooks from outside, reads them.
+
+RUN starts a Windows program. The registry is as before at the end.
+"""
+import datetime
+import os
+import subprocess
+import sys
+import tempfile
+
+import openpyxl
+
+PROG_ID = "vmGridViewsTest.Application"
+SCRIPT = r'''
+Function Named(wanted)
+  On Error Resume Next
+  Dim found
+  Set found = app.ActiveWorkbook.Sheets(wanted)
+  Named = Err.Number
+End Function
+Function Again()
+  On Error Resume Next
+  sheet.Cells(1, 1).Value = "too late"
+  Again = Err.Number & " " & Err.Description
+End Function
+
+Dim app, sheet, range
+Set app = CreateObject(WScript.Arguments(0))
+app.Workbooks.Add
+Set sheet = app.ActiveSheet
+sheet.Name = "Script"
+sheet.Cells(1, 1).Value = "text"
+sheet.Cells(1, 2).Value = 1.5
+sheet.Cells(1, 3).Value = True
+sheet.Cells(1, 4).Value = CDate(45000.5)
+sheet.Cells(1, 5).NumberFormat = "@"
+sheet.Cells(1, 5).Value = "00123"
+sheet.Cells(1, 6).Value = Null
+sheet.Cells(1, 7).Value = sheet.Cells(1, 2)
+Set range = sheet.Range(sheet.Cells(2, 1), sheet.Cells(2, 4))
+range.Merge
+range.WrapText = True
+sheet.Cells(2, 1).Value = "merged"
+WScript.Echo app.Workbooks.Count & " " & sheet.Name & " " & Named("Data") & " " & Named("Script")
+WScript.Echo Again()
+app.Visible = True
+app.Quit
+WScript.Echo "done"
+'''
+
+
+class Windows:
+    def __init__(self, run, folder, bits):
+        self.run, self.folder, self.bits = run, folder, bits
+
+    def path(self, name):
+        return "Z:" + os.path.join(self.folder, name).replace("/", "\\")
+
+    def __call__(self, program, *arguments, status=0):
+        environment = dict(os.environ, VMG_WORKBOOK_FOLDER="Z:" + self.folder.replace("/", "\\"))
+        system = "C:\\windows\\" + ("syswow64" if self.bits == "32" else "system32") + "\\"
+        program = program if "/" in program else system + program
+        done = subprocess.run([self.run, program, *arguments], capture_output=True, env=environment, timeout=120)
+        output = done.stdout.decode("utf-8", "replace").replace("\r", "").splitlines()
+        if status is not None and done.returncode != status:
+            sys.exit(f"{program} {arguments}: status {done.returncode} instead of {status}: {output}")
+        return output
+
+    def classes(self):
+        """What is registered, a line with its key each."""
+        self("reg.exe", "export", "HKLM\\Software\\Classes", self.path("classes.reg"), "/y")
+        file = os.path.join(self.folder, "classes.reg")
+        lines, key = set(), ""
+        with open(file, encoding="utf-16") as exported:
+            for line in exported:
+                key = line if line.startswith("[") else key
+                lines.add(key + line)
+        os.remove(file)
+        return lines
+
+
+def same(what, found, wanted):
+    if found != wanted:
+        sys.exit(f"{what}: {found!r} instead of {wanted!r}")
+
+
+def unchanged(what, found, wanted):
+    if found != wanted:
+        sys.exit(f"{what}: {sorted(found - wanted)} too many, {sorted(wanted - found)} missing")
+
+
+def check_script(windows):
+    with open(os.path.join(windows.folder, "fill.vbs"), "w", encoding="ascii") as script:
+        script.write(SCRIPT)
+    output = windows("cscript.exe", "//nologo", windows.path("fill.vbs"), PROG_ID)
+    same("the script's output", output[-3:], [
+        "1 Script 9 0",
+        "1004 The cell A1 can no longer be changed: the rows above row 2 are written already", "done"])
+    book = openpyxl.load_workbook(os.path.join(windows.folder, "Book1.xlsx"))
+    sheet = book["Script"]
+    same("the script's cells", [cell.value for cell in sheet[1]],
+         ["text", 1.5, True, datetime.datetime(2023, 3, 15, 12), "00123", None, 1.5])
+    same("a text's format", sheet["E1"].number_format, "@")
+    same("the merged cells", [str(area) for area in sheet.merged_cells.ranges], ["A2:D2"])
+    same("their text", (sheet["A2"].value, sheet["A2"].alignment.wrap_text), ("merged", True))
+
+
+def check_client(windows, client):
+    output = windows(client, PROG_ID)
+    same("the client's output", output, [
+        "1004 Cell A1: a worksheet's dates begin in 1900", "0 objects left"])
+    sheet = openpyxl.load_workbook(os.path.join(windows.folder, "Book2.xlsx")).worksheets[0]
+    same("the values", [cell.value for cell in sheet[1]], [
+        None, None, True, -5, 100000, 1.5, 1234.5678901234567, -12.3456, 12.5, datetime.datetime(2023, 3, 15),
+        datetime.datetime(2023, 3, 15, 6), "Αθήνα & <Ύδρα>", "007", "x" * 32767, "line 1\nline 2"])
+    rows = [[cell.value for cell in row[:5]] for row in sheet.iter_rows(min_row=2, max_row=10001)]
+    same("the rows", rows, [[str(row)] + [row * 1.25 + i for i in range(2, 6)] for row in range(2, 10002)])
+    same("the merged cells", [str(area) for area in sheet.merged_cells.ranges], ["A10002:C10002"])
+
+
+def main(run, server, client, bits):
+    with tempfile.TemporaryDirectory() as folder:
+        windows = Windows(run, folder, bits)
+        dll = "Z:" + server.replace("/", "\\")
+        before = windows.classes()
+        windows("regsvr32.exe", "/s", dll)
+        registered = windows.classes()
+        windows("regsvr32.exe", "/s", "/n", "/i:" + PROG_ID, dll)
+        check_script(windows)
+        check_client(windows, client)
+        # somebody else's program id is left alone, and one of ours goes without the others
+        for foreign in ("Scripting.Dictionary", "a b"):
+            windows("regsvr32.exe", "/s", "/n", "/i:" + foreign, dll, status=5)
+        windows("regsvr32.exe", "/s", "/u", "/n", "/i:" + PROG_ID, dll)
+        unchanged("the registry without the further program id", windows.classes(), registered)
+        windows("regsvr32.exe", "/s", "/n", "/i:" + PROG_ID, dll)
+        windows("regsvr32.exe", "/s", "/u", dll)
+        unchanged("the registry in the end", windows.classes(), before)
+        same("the files", sorted(os.listdir(folder)), ["Book1.xlsx", "Book2.xlsx", "fill.vbs"])
+    print("1 passed, 0 failed")
+
+
+main(*sys.argv[1:])
