@@ -17,7 +17,7 @@ class FrameBinding final : public BindingOf<Frame> {
 class PictureBinding final : public BindingOf<PictureBox> {
  public:
   PictureBinding(PictureBox& box, HWND parent)
-      : BindingOf(box, parent, {L"STATIC", WS_GROUP, WS_EX_TRANSPARENT}) {}
+      : BindingOf(box, parent, {L"STATIC", WS_GROUP, WS_EX_TRANSPARENT, true}) {}
 
  protected:
   void followContent() override {}

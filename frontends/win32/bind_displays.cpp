@@ -9,10 +9,13 @@
 namespace vmgv {
 namespace {
 
+// Static windows look the same either way, and those of Wine's common controls lose memory with their font.
+constexpr bool kPlain = true;
+
 class LabelBinding final : public BindingOf<Label> {
  public:
   LabelBinding(Label& label, HWND parent)
-      : BindingOf(label, parent, {L"STATIC", SS_LEFTNOWORDWRAP | SS_NOPREFIX | WS_GROUP}) {}
+      : BindingOf(label, parent, {L"STATIC", SS_LEFTNOWORDWRAP | SS_NOPREFIX | WS_GROUP, 0, kPlain}) {}
 
  protected:
   void followContent() override { showText(wide(control_.caption())); }
@@ -20,7 +23,7 @@ class LabelBinding final : public BindingOf<Label> {
 
 class LineBinding final : public BindingOf<Line> {
  public:
-  LineBinding(Line& line, HWND parent) : BindingOf(line, parent, {L"STATIC", SS_ETCHEDHORZ}) {}
+  LineBinding(Line& line, HWND parent) : BindingOf(line, parent, {L"STATIC", SS_ETCHEDHORZ, 0, kPlain}) {}
 
  protected:
   void followContent() override {}

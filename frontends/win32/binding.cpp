@@ -1,5 +1,6 @@
 #include "frontends/win32/binding.h"
 
+#include <optional>
 #include <utility>
 
 #include "frontends/com/text.h"
@@ -50,10 +51,11 @@ bool throughout(const Control& control, bool (Control::*state)() const noexcept)
 
 }  // namespace
 
-Binding::Binding(Control& model, HWND parent, const Look& look)
-    : model_(model),
-      window_(CreateWindowExW(look.extendedStyle, look.windowClass, L"", WS_CHILD | look.style, 0, 0, 0, 0,
-                              parent, nullptr, thisModule(), nullptr)) {
+Binding::Binding(Control& model, HWND parent, const Look& look) : model_(model) {
+  std::optional<PlainScope> plain;
+  if (look.plain) plain.emplace();
+  window_ = CreateWindowExW(look.extendedStyle, look.windowClass, L"", WS_CHILD | look.style, 0, 0, 0, 0,
+                            parent, nullptr, thisModule(), nullptr);
   if (!window_) throw Error(ErrorNumber::OutOfMemory, model.address() + " cannot be shown");
 }
 

@@ -41,6 +41,7 @@ class Binding {
     const wchar_t* windowClass;
     DWORD style = 0;
     DWORD extendedStyle = 0;
+    bool plain = false;  // not of the common controls
   };
   Binding(Control& model, HWND parent, const Look& look);
 
@@ -55,7 +56,7 @@ class Binding {
 
  private:
   Control& model_;
-  HWND window_;
+  HWND window_ = nullptr;
   HFONT font_ = nullptr;
 };
 

@@ -104,11 +104,13 @@ void FormWindow::show() {
   const Control* first = form_.initialFocus ? form_.initialFocus : nextStop(form_, nullptr);
   ShowWindow(window_, SW_SHOW);
   if (first) focus(*first);
+  markDefault();
   follow();
 }
 
 void FormWindow::follow() {
   const Form::Changes changes = form_.takeChanges();
+  const Control* focused = focusedControl();
   if (changes.formChanged) followForm();
   const auto isContainer = [](const Control* control) { return dynamic_cast<const Container*>(control); };
   if (std::any_of(changes.controls.begin(), changes.controls.end(), isContainer)) {
@@ -116,7 +118,7 @@ void FormWindow::follow() {
   } else {
     for (const Control* control : changes.controls) binding(*control).follow(units_, fonts_);
   }
-  if (!changes.controls.empty()) followFocus();
+  passFocusOn(focused);
   if (!form_.isOpen() && modal_) {
     modal_.reset();
     ShowWindow(window_, SW_HIDE);
@@ -124,8 +126,7 @@ void FormWindow::follow() {
 }
 
 // What was disabled or hidden under the focus passes it on.
-void FormWindow::followFocus() {
-  Control* focused = focusedControl();
+void FormWindow::passFocusOn(const Control* focused) {
   if (!focused || canTakeFocus(*focused)) return;
   if (const Control* next = nextStop(form_, focused)) {
     focus(*next);

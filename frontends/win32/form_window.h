@@ -46,7 +46,7 @@ class FormWindow {
   INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
 
   void followForm();
-  void followFocus();
+  void passFocusOn(const Control* focused);
   void markDefault();
   void setDpi(int dpi);
   void centreOver(HWND owner);

@@ -35,4 +35,16 @@ class ThemeScope {
   ULONG_PTR cookie_ = 0;
 };
 
+// Within a ThemeScope: windows are made as the host has them.
+class PlainScope {
+ public:
+  PlainScope() noexcept { ActivateActCtx(nullptr, &cookie_); }
+  PlainScope(const PlainScope&) = delete;
+  PlainScope& operator=(const PlainScope&) = delete;
+  ~PlainScope() { DeactivateActCtx(0, cookie_); }
+
+ private:
+  ULONG_PTR cookie_ = 0;
+};
+
 }  // namespace vmgv

@@ -7,6 +7,7 @@
 
 #include "frontends/com/bridge.h"
 #include "frontends/com/text.h"
+#include "support/automation/error.h"
 #include "support/strings/string_service.h"
 
 namespace vmgv {
@@ -28,7 +29,7 @@ LogicalFont logicalFont(const LOGFONTW& font) {
 }
 
 std::optional<std::string> registryText(const std::wstring& key, const std::wstring& name, DWORD view) {
-  const DWORD kinds = RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_ZEROONFAILURE | view;
+  const DWORD kinds = RRF_RT_REG_SZ | view;  // variables of an expandable one come expanded
   std::wstring text;
   DWORD bytes = 0;
   LSTATUS status =
@@ -100,6 +101,11 @@ std::string Win32System::commonFilesFolder() {
   return narrow(folder) + pathSeparator();
 }
 
+bool Win32System::fileExists(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(wide(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
 std::intptr_t Win32System::openHelp(Form* owner, const std::string& file, HelpCommand command,
                                     const std::string& topic) {
   // ">" begins the name of a help window.
@@ -116,6 +122,10 @@ std::intptr_t Win32System::openHelp(Form* owner, const std::string& file, HelpCo
 }
 
 ObjectRef Win32System::createObject(const std::string& programId) {
+  if (objectFactory) {
+    if (ObjectRef made = objectFactory(programId)) return made;
+    throw Error(ErrorNumber::CannotCreateObject, "Cannot create an object of " + programId);
+  }
   return createAutomationObject(
       programId == kSpreadsheet ? setting(kSettingsKey, kSpreadsheetSetting, programId) : programId);
 }

@@ -4,7 +4,6 @@
 #include <commctrl.h>
 #include <dlgs.h>
 
-#include <filesystem>
 
 #include "frontends/com/text.h"
 #include "frontends/win32/gestures.h"
@@ -205,12 +204,15 @@ void Win32Desktop::answer(MessageResult result) {
 void Win32Desktop::pick(const std::optional<std::string>& path) {
   const OpenBox& open = topBox(Box::Kind::File);
   if (!path) return pressButton(open, IDCANCEL);
-  const std::filesystem::path file(wide(*path));
-  std::error_code failed;
-  if (!std::filesystem::is_regular_file(file, failed)) throw CannotDo("there is no file " + *path);
+  wchar_t file[MAX_PATH] = L"";  // the box has a current folder of its own
+  GetFullPathNameW(wide(*path).c_str(), MAX_PATH, file, nullptr);
+  const DWORD attributes = GetFileAttributesW(file);
+  if (attributes == INVALID_FILE_ATTRIBUTES || attributes & FILE_ATTRIBUTE_DIRECTORY) {
+    throw CannotDo("there is no file " + *path);
+  }
   const HWND field = nameField(open.window);
   if (!field) throw CannotDo("this file picker can only be answered by a person");
-  SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::filesystem::absolute(file).c_str()));
+  SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file));
   pressButton(open, IDOK);
 }
 

@@ -1,0 +1,91 @@
+#include "hosts/pictures/photographer.h"
+
+#include <cstdio>
+#include <filesystem>
+
+#include "adapters/grid/csv_source.h"
+#include "adapters/grid/grid_object.h"
+#include "control/vmgr_edit.h"
+#include "support/text/utf8.h"
+
+namespace vmgv {
+namespace {
+
+constexpr struct {
+  const char* name;
+  const char* method;
+} kDialogs[] = {{"sort", "ShowSort"}, {"export", "ShowExcel"}};
+
+// Texts that are longer by a fifth: what does not fit them has no room to spare.
+class LongerTexts final : public EmbeddedStringService {
+ public:
+  std::string GetString(std::string_view application, std::string_view key) const override {
+    std::string text = EmbeddedStringService::GetString(application, key);
+    for (auto more = (countCharacters(text) + 4) / 5; more > 0; --more) text += "ω";
+    return text;
+  }
+};
+
+// Takes the picture of what is open, then closes it.
+class Photographer final : public IdleHandler {
+ public:
+  Photographer(User& user, std::string path) : user_(user), path_(std::move(path)) {
+    user_.setIdleHandler(this);
+  }
+  ~Photographer() override { user_.setIdleHandler(nullptr); }
+  bool waiting() override {
+    if (!taken_) user_.picture(path_);
+    taken_ = true;
+    return false;
+  }
+  void yielding() override {}
+  bool taken() const { return taken_; }
+
+ private:
+  User& user_;
+  std::string path_;
+  bool taken_ = false;
+};
+
+void photograph(const Studio& studio, MlStringService& texts, const ObjectRef& grid,
+                const std::string& folder, const std::string& end) {
+  Application application(studio.window, studio.system, texts);
+  const ObjectRef control = makeObject<vmgrEdit>(application);
+  control.putRef("Grid", grid);
+  for (const auto& dialog : kDialogs) {
+    const std::string path = folder + "/" + dialog.name + end;
+    const Photographer photographer(studio.user, path);
+    control.call(dialog.method);
+    if (!photographer.taken())
+      throw Error(ErrorNumber::InvalidCall, std::string(dialog.method) + " opened nothing");
+    std::printf("%s\n", path.c_str());
+  }
+}
+
+ObjectRef demoGrid(const std::string& path) {
+  auto engine = std::make_shared<GridEngine>();
+  CsvSource source(path);
+  engine->load(source);
+  engine->addSortKey({3, kSortAscending});
+  engine->addSortKey({5, kSortDescending});
+  engine->setPreviewColumn(10);
+  return makeGridObject(engine);
+}
+
+}  // namespace
+
+void photographAll(const Studio& studio, const Album& album) {
+  std::filesystem::create_directories(album.folder);
+  const ObjectRef grid = demoGrid(album.data);
+  EmbeddedStringService english, greek;
+  LongerTexts longer;
+  english.setLanguage(kEnglish);
+  greek.setLanguage(kGreek);
+  longer.setLanguage(kGreek);
+  const std::string end = (album.suffix.empty() ? "" : "." + album.suffix) + ".png";
+  photograph(studio, english, grid, album.folder, ".en" + end);
+  photograph(studio, greek, grid, album.folder, ".el" + end);
+  photograph(studio, longer, grid, album.folder, ".el-120" + end);
+}
+
+}  // namespace vmgv

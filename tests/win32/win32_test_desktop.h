@@ -1,0 +1,15 @@
+// The dialogs' tests on native controls.
+#pragma once
+
+#include "frontends/headless/headless_system.h"
+#include "frontends/user/steps.h"
+#include "frontends/win32/win32_desktop.h"
+
+namespace vmgv {
+
+class TestDesktop final : public HeadlessSystem, public Win32Desktop {
+ private:
+  Steps nobody_{*this, {}};  // what opens without a step closes again
+};
+
+}  // namespace vmgv
