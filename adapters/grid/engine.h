@@ -10,7 +10,9 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/grid/grid_layout.h"
+#include "adapters/grid/display_rows.h"
+#include "adapters/grid/grid_state.h"
+#include "adapters/grid/group_totals.h"
 #include "adapters/grid/row_source.h"
 #include "grid/contract.h"
 
@@ -21,18 +23,13 @@ class GridObserver {
  public:
   virtual ~GridObserver() = default;
   virtual void layoutChanged() {}  // columns: which, where, how wide, their captions
-  virtual void rowsChanged() {}    // any row may now hold another record
+  virtual void rowsChanged() {
+  }  // any row may now hold another record or group, and they may be more or fewer
   virtual void selectionChanged() {}
   virtual void appearanceChanged() {}  // colours, fonts, preview lines, group-by box: paint again
 };
 
 enum class Alignment : std::uint8_t { Left, Centre, Right };
-
-// What is displayed at a position.
-struct DisplayRow {
-  std::int32_t rowType = kRecordRow;
-  std::uint32_t record = 0;  // of the source, from 0
-};
 
 class GridEngine {
  public:
@@ -58,30 +55,51 @@ class GridEngine {
   void setCaption(std::int32_t index, std::string caption);
   void setValueList(std::int32_t index, std::shared_ptr<const ValueList> list);  // null: none
 
-  // Rows
-  std::int32_t rowCount() const noexcept { return static_cast<std::int32_t>(rows_); }
+  // Rows: records, and with groups also their headers and footers; those in collapsed groups do not count.
+  std::int32_t rowCount() const {
+    sortIfStale();
+    return display_.count();
+  }
   DisplayRow displayRow(std::int32_t position) const;
-  Value value(std::int32_t position, std::int32_t column) const;
-  // As a view shows it: the value list's text, else the value as text; "" for Null.
+  // A header has the values of its own group's column and the outer ones', a footer its totals (the sum of a
+  // number column without a value list, else how many values there are); Null elsewhere. Error 9 for a row of
+  // groups that have been made anew since.
+  Value rowValue(const DisplayRow& row, std::int32_t column) const;
+  Value value(std::int32_t position, std::int32_t column) const {
+    return rowValue(displayRow(position), column);
+  }
+  // As a view shows it: the value list's text, else the value as text; "" for Null. A header's whole text
+  // stands in the leftmost column; a footer's counts stand in brackets.
   std::string displayText(std::int32_t position, std::int32_t column) const;
   Alignment alignment(std::int32_t column) const;
   Value recordValue(std::uint32_t record, std::int32_t column) const {
     const std::size_t place = checkedIndex(column);
-    if (record >= rows_) noRecord(record);
+    if (record >= records_) noRecord(record);
     return data_[place].value(record);
   }
 
-  // Order. Both kinds of keys: no column twice; sortOrder 1 or -1.
+  // Order. Both kinds of keys: no column twice, as the second would have nothing left to sort or to part;
+  // sortOrder 1 or -1. A column may be in both.
   const std::vector<SortKey>& sortKeys() const noexcept { return sortKeys_; }
   void addSortKey(SortKey key);
   void clearSortKeys();
+  void setSortKeys(const std::vector<SortKey>& keys);  // all at once, a single change
+
+  // Groups, the outermost first; new ones are expanded.
   const std::vector<SortKey>& groups() const noexcept { return groups_; }
   void addGroup(SortKey key);
   void clearGroups();
+  void setGroups(const std::vector<SortKey>& groups);
   void refreshGroups(bool collapse);
   void expandAll();
+  // A header's: "Category: Tools (12)"; "" of other rows.
+  std::string groupText(const DisplayRow& row) const;
+  std::int32_t recordCount(const DisplayRow& row) const;   // of the group of a header or footer, else 1
+  bool isExpanded(const DisplayRow& row) const;            // false for what is no header
+  void setExpanded(std::int32_t position, bool expanded);  // Error 5 for what is no header
 
-  // Selection, by position in ascending order. It stays with its records when the rows are sorted.
+  // Selection, by position in ascending order. It stays with its records when the rows are sorted or grouped;
+  // those in a collapsed group are no longer selected.
   const std::vector<std::int32_t>& selection() const;
   void select(std::vector<std::int32_t> positions);  // without multiSelect the last one alone
   bool multiSelect() const noexcept { return multiSelect_; }
@@ -100,22 +118,36 @@ class GridEngine {
   template <class Change>
   void changeSettings(Change change) {
     change(settings_);
-    appearanceChanged();
+    settingsChanged();
   }
   const Value& previewColumn() const noexcept { return previewColumn_; }  // index, field name or Null
   void setPreviewColumn(const Value& column);
   std::int32_t previewColumnIndex() const;  // 0: none
+  std::int32_t previewLines() const;        // to be shown below each record: 0 to kMostPreviewLines
+  static constexpr std::int32_t kMostPreviewLines = 50;
   PrinterProperties& printer() noexcept { return printer_; }
+
+  // The whole view. setState: Error 5 where its columns are not this grid's, or its keys make no sense.
+  GridState state() const;
+  void setState(const GridState& state);
+
+  // Each change of the view is a step, and so is all that was changed between Redraw off and on. Error 5
+  // where there is no such step, or Redraw is off.
+  bool canUndo() const noexcept { return history_.canUndo(); }
+  bool canRedo() const noexcept { return history_.canRedo(); }
+  void undo();
+  void redo();
+  void forgetHistory() { history_.start(state()); }
 
   // Painting
   bool redraw() const noexcept { return redraw_; }
   void setRedraw(bool on);
   void addObserver(GridObserver* observer);
   void removeObserver(GridObserver* observer);
-  void appearanceChanged() { tell(kAppearance); }
+  void appearanceChanged() { changed(kAppearance); }
 
  private:
-  enum Change : unsigned { kLayout = 1, kRows = 2, kSelection = 4, kAppearance = 8 };
+  enum Changes : unsigned { kLayout = 1, kRows = 2, kSelection = 4, kAppearance = 8 };
 
   std::size_t checkedIndex(std::int32_t column) const {
     if (column < 1 || static_cast<std::size_t>(column) > data_.size()) noColumn(column);
@@ -124,9 +156,24 @@ class GridEngine {
   [[noreturn]] void noColumn(std::int32_t column) const;
   [[noreturn]] void noRecord(std::uint32_t record) const;
   GridColumn& editable(std::int32_t column) { return columns_[checkedIndex(column)]; }
-  void checkKey(const SortKey& key, const std::vector<SortKey>& present, const char* kind) const;
+  void addKey(SortKey key, std::vector<SortKey>& keys, const char* kind) const;
+  std::vector<SortKey> checkedKeys(const std::vector<SortKey>& keys, const char* kind) const;
   void orderChanged();
-  void sortIfStale() const;
+  void sortIfStale() const {
+    if (stale_) sort();
+  }
+  void sort() const;
+  template <class Step>
+  void rearrange(Step step) const;
+  void checkGroup(const DisplayRow& row) const;
+  Value total(const DisplayRow& row, std::int32_t column) const;
+  bool isSummed(std::int32_t column) const;
+  std::string shownText(Value value, std::int32_t column) const;
+  bool showFooters();
+  void settingsChanged();
+  void show(const GridState& state);
+  void requireRedraw(const char* act) const;
+  void changed(unsigned changes);
   void tell(unsigned changes);
   bool hasFields(const std::vector<ColumnSpec>& specs) const;
   void startLayout(const std::vector<ColumnSpec>& specs);
@@ -134,11 +181,13 @@ class GridEngine {
   std::vector<GridColumn> columns_;
   std::vector<ColumnData> data_;
   std::vector<std::int32_t> atPosition_;  // column indexes from left to right
-  std::size_t rows_ = 0;
+  std::size_t records_ = 0;
 
-  // Sorted when somebody looks, hence mutable.
-  mutable std::vector<std::uint32_t> order_;  // records by display position
-  mutable std::vector<std::int32_t> selection_;
+  // Sorted and grouped when somebody looks, hence mutable.
+  mutable DisplayRows display_;
+  mutable std::vector<SortKey> displayedGroups_;  // those that display_ was made of
+  mutable GroupTotals totals_;
+  mutable std::vector<std::int32_t> selection_;  // positions in display_
   mutable bool stale_ = false;
 
   std::vector<SortKey> sortKeys_, groups_;
@@ -146,8 +195,10 @@ class GridEngine {
   GridSettings settings_;
   PrinterProperties printer_;
   Value previewColumn_{Null{}};
+  std::vector<GridState::Foreign> foreign_;
   bool multiSelect_ = true;
 
+  GridHistory history_;
   bool redraw_ = true;
   unsigned missed_ = 0;
   std::vector<GridObserver*> observers_;

@@ -47,6 +47,8 @@ struct GridFont {
   std::string name = "DejaVu Sans";
   double size = 9;  // points
   bool bold = false, italic = false, underline = false, strikethrough = false;
+
+  bool operator==(const GridFont&) const = default;
 };
 
 // What a condition changes about its rows; what it leaves alone is the grid's.
@@ -55,6 +57,8 @@ struct FormatStyle {
   std::optional<std::string> fontName;
   std::optional<double> fontSize;
   std::optional<bool> fontBold, fontItalic, fontUnderline, fontStrikethru;
+
+  bool operator==(const FormatStyle&) const = default;
 };
 
 struct FormatCondition {
@@ -63,6 +67,8 @@ struct FormatCondition {
   std::int16_t op = 0;  // 0 = 1 <> 2 > 3 < 4 >= 5 <= 6 between 7 not between 8 contains 9 does not contain
   Value value1, value2;
   FormatStyle style;
+
+  bool operator==(const FormatCondition&) const = default;
 };
 
 struct GridSettings {
@@ -75,6 +81,8 @@ struct GridSettings {
   std::int32_t backColor = kWindowColor;
   std::int32_t foreColor = kWindowTextColor;
   GridFont font;
+
+  bool operator==(const GridSettings&) const = default;
 };
 
 struct PrinterProperties {

@@ -81,6 +81,14 @@ const ClassTable<GridObject>& GridObject::table() {
              return g.engine_->refreshGroups(args.has(0) && toBoolean(args[0])), Value();
            }},
           {"ExpandAll", 0, [](G& g, Args) -> Value { return g.engine_->expandAll(), Value(); }},
+          {"SetExpanded", 2,
+           [](G& g, Args args) -> Value {
+             return g.engine_->setExpanded(toLong(args[0]), toBoolean(args[1])), Value();
+           }},
+          {"CanUndo", 0, [](G& g, Args) -> Value { return g.engine_->canUndo(); }},
+          {"CanRedo", 0, [](G& g, Args) -> Value { return g.engine_->canRedo(); }},
+          {"Undo", 0, [](G& g, Args) -> Value { return g.engine_->undo(), Value(); }},
+          {"Redo", 0, [](G& g, Args) -> Value { return g.engine_->redo(), Value(); }},
           {"MultiSelect", 0, [](G& g, Args) -> Value { return g.engine_->multiSelect(); },
            [](G& g, Args, const Value& v) { g.engine_->setMultiSelect(toBoolean(v)); }},
           {"SelectedItems", 0, [](G& g, Args) -> Value { return makeSelectedItemsObject(g.engine_); }},

@@ -7,8 +7,13 @@
 
 namespace vmgv {
 
-// Every object reached from the grid keeps the engine alive. Beyond the contract there are Font, BackColor
-// and ForeColor of the grid, Width of a column and Name of a condition.
+// Every object reached from the grid keeps the engine alive. Beyond the contract there are
+//   of the grid  Font, BackColor, ForeColor; Undo, Redo, CanUndo, CanRedo; SetExpanded(position, Boolean)
+//   of a column  Width
+//   of a row     GroupLevel (from 0), GroupText, RecordCount, Expanded; RowType is 1 for the header of a
+//   group, 2
+//                for its footer
+//   of a condition  Name
 ObjectRef makeGridObject(std::shared_ptr<GridEngine> engine);
 
 }  // namespace vmgv

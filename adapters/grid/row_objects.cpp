@@ -50,8 +50,11 @@ const ClassTable<RowObject>& RowObject::table() {
       {
           {"RowType", 0,
            [](RowObject& r, Args) -> Value { return static_cast<std::int16_t>(r.row_.rowType); }},
-          {"Value", 1,
-           [](RowObject& r, Args args) { return r.engine_->recordValue(r.row_.record, toLong(args[0])); }},
+          {"Value", 1, [](RowObject& r, Args args) { return r.engine_->rowValue(r.row_, toLong(args[0])); }},
+          {"GroupLevel", 0, [](RowObject& r, Args) -> Value { return r.row_.level; }},
+          {"GroupText", 0, [](RowObject& r, Args) -> Value { return r.engine_->groupText(r.row_); }},
+          {"RecordCount", 0, [](RowObject& r, Args) -> Value { return r.engine_->recordCount(r.row_); }},
+          {"Expanded", 0, [](RowObject& r, Args) -> Value { return r.engine_->isExpanded(r.row_); }},
       },
       "Value");
   return table;

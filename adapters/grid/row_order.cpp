@@ -168,11 +168,37 @@ std::vector<std::vector<Part>> packed(const std::vector<Numerals>& all, unsigned
   return words;
 }
 
+// `levels` numerals of the first key, the first two and so on.
+std::vector<std::vector<std::uint32_t>> groupStarts(const std::vector<std::uint32_t>& records,
+                                                    const std::vector<Numerals>& all,
+                                                    const std::vector<std::size_t>& levels) {
+  std::vector<std::vector<std::uint32_t>> starts(levels.size());
+  if (levels.empty()) return starts;
+  for (std::size_t place = 0; place < records.size(); ++place) {
+    std::size_t numeral = 0;
+    if (place > 0) {
+      const std::uint32_t record = records[place], before = records[place - 1];
+      while (numeral < levels.back() && all[numeral].values[record] == all[numeral].values[before]) ++numeral;
+    }
+    std::size_t level = 0;
+    if (place > 0) {
+      while (level < levels.size() && levels[level] <= numeral) ++level;
+    }
+    for (; level < levels.size(); ++level) starts[level].push_back(static_cast<std::uint32_t>(place));
+  }
+  for (auto& places : starts) places.push_back(static_cast<std::uint32_t>(records.size()));
+  return starts;
+}
+
 }  // namespace
 
-std::vector<std::uint32_t> sortedRecords(std::span<const OrderKey> keys, std::size_t rows) {
+SortedRows sortedRows(std::span<const OrderKey> keys, std::size_t grouping, std::size_t rows) {
   std::vector<Numerals> all;
-  for (const OrderKey& key : keys) addNumerals(key, rows, all);
+  std::vector<std::size_t> levels;
+  for (const OrderKey& key : keys) {
+    addNumerals(key, rows, all);
+    if (levels.size() < grouping) levels.push_back(all.size());
+  }
 
   // A word holds its record's number in the low bits, so that the record travels with its key.
   const auto recordBits = static_cast<unsigned>(std::bit_width(rows));
@@ -193,10 +219,12 @@ std::vector<std::uint32_t> sortedRecords(std::span<const OrderKey> keys, std::si
     }
     radixSort(words, recordBits, bits);
   }
-  std::vector<std::uint32_t> records(rows);
-  std::transform(words.begin(), words.end(), records.begin(),
+  SortedRows sorted;
+  sorted.records.resize(rows);
+  std::transform(words.begin(), words.end(), sorted.records.begin(),
                  [&](std::uint64_t word) { return static_cast<std::uint32_t>(word & recordMask); });
-  return records;
+  sorted.starts = groupStarts(sorted.records, all, levels);
+  return sorted;
 }
 
 }  // namespace vmgv

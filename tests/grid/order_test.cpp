@@ -127,7 +127,7 @@ TEST(Order, SortsTheWholeRangeOf64Bits) {
   ColumnData column(ColumnType::Whole);
   for (const std::int64_t number : {INT64_MAX, INT64_MIN, std::int64_t{0}}) column.append(number);
   const OrderKey key{&column, true};
-  EXPECT_EQ(sortedRecords({&key, 1}, 3), (std::vector<std::uint32_t>{0, 2, 1}));
+  EXPECT_EQ(sortedRows({&key, 1}, 0, 3).records, (std::vector<std::uint32_t>{0, 2, 1}));
 }
 
 }  // namespace

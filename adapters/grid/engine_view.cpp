@@ -1,0 +1,131 @@
+// The engine's display settings, format conditions, and its view as a whole.
+#include <algorithm>
+#include <utility>
+
+#include "adapters/grid/engine.h"
+#include "support/automation/convert.h"
+#include "support/automation/error.h"
+
+namespace vmgv {
+namespace {
+
+constexpr std::int32_t kKeyInUse = 457;  // of a collection, as automation clients know it
+
+}  // namespace
+
+void GridEngine::addCondition(std::shared_ptr<FormatCondition> condition) {
+  if (condition->name.empty()) throw Error(ErrorNumber::InvalidCall, "A format condition needs a name");
+  for (const auto& other : conditions_) {
+    if (other->name != condition->name) continue;
+    throw Error(kKeyInUse, "There already is a format condition with the name \"" + condition->name + '"');
+  }
+  checkedIndex(condition->colIndex);
+  conditions_.push_back(std::move(condition));
+  changed(kAppearance);
+}
+
+void GridEngine::removeCondition(std::string_view name) {
+  const auto found = std::find_if(conditions_.begin(), conditions_.end(),
+                                  [&](const auto& condition) { return condition->name == name; });
+  if (found == conditions_.end()) {
+    throw Error(ErrorNumber::SubscriptOutOfRange,
+                "Subscript out of range: there is no format condition \"" + std::string(name) + '"');
+  }
+  conditions_.erase(found);
+  changed(kAppearance);
+}
+
+void GridEngine::settingsChanged() { changed(showFooters() ? kAppearance | kRows : kAppearance); }
+
+void GridEngine::setPreviewColumn(const Value& column) {
+  if (isNoPreviewColumn(column)) {
+    previewColumn_ = Null{};
+  } else {
+    columnIndex(column);
+    previewColumn_ = plain(column);
+  }
+  changed(kLayout | kAppearance);
+}
+
+std::int32_t GridEngine::previewColumnIndex() const {
+  return previewColumn_.isNull() ? 0 : columnIndex(previewColumn_);
+}
+
+std::int32_t GridEngine::previewLines() const {
+  return previewColumn_.isNull() ? 0 : std::clamp(settings_.previewRowLines, 0, kMostPreviewLines);
+}
+
+GridState GridEngine::state() const {
+  GridState state;
+  for (const std::int32_t index : atPosition_) {
+    state.columns.push_back({index, column(index).visible, column(index).width});
+  }
+  state.sortKeys = sortKeys_;
+  state.groups = groups_;
+  for (const auto& condition : conditions_) state.conditions.push_back(*condition);
+  state.previewColumn = previewColumn_;
+  state.settings = settings_;
+  state.foreign = foreign_;
+  return state;
+}
+
+void GridEngine::setState(const GridState& state) {
+  std::vector<bool> named(columns_.size());
+  for (const GridState::Column& column : state.columns) named[checkedIndex(column.index)] = true;
+  if (state.columns.size() != columns_.size() ||
+      std::find(named.begin(), named.end(), false) != named.end()) {
+    throw Error(ErrorNumber::InvalidCall, "The state of a view must name every column of the grid once");
+  }
+  checkedKeys(state.sortKeys, "sort key");
+  checkedKeys(state.groups, "group");
+  for (const FormatCondition& condition : state.conditions) checkedIndex(condition.colIndex);
+  if (!isNoPreviewColumn(state.previewColumn)) columnIndex(state.previewColumn);
+  show(state);
+  if (redraw_) history_.record(this->state());
+}
+
+void GridEngine::show(const GridState& state) {
+  for (std::size_t i = 0; i < state.columns.size(); ++i) {
+    GridColumn& column = editable(state.columns[i].index);
+    column.visible = state.columns[i].visible;
+    column.width = state.columns[i].width;
+    column.colPosition = static_cast<std::int32_t>(i) + 1;
+    atPosition_[i] = column.index;
+  }
+  if (sortKeys_ != state.sortKeys || groups_ != state.groups) stale_ = true;
+  sortKeys_ = state.sortKeys;
+  groups_ = state.groups;
+  // A client's reference to a condition goes on to mean the one of that name.
+  std::vector<std::shared_ptr<FormatCondition>> conditions;
+  for (const FormatCondition& condition : state.conditions) {
+    const auto known = std::find_if(conditions_.begin(), conditions_.end(),
+                                    [&](const auto& other) { return other->name == condition.name; });
+    conditions.push_back(known == conditions_.end() ? std::make_shared<FormatCondition>() : *known);
+    *conditions.back() = condition;
+  }
+  conditions_ = std::move(conditions);
+  previewColumn_ = state.previewColumn;
+  settings_ = state.settings;
+  foreign_ = state.foreign;
+  showFooters();
+  tell(kLayout | kRows | kAppearance);
+}
+
+void GridEngine::requireRedraw(const char* act) const {
+  if (redraw_) return;
+  throw Error(ErrorNumber::InvalidCall, std::string("While Redraw is off nothing can be ") + act);
+}
+
+void GridEngine::undo() {
+  requireRedraw("undone");
+  if (!canUndo()) throw Error(ErrorNumber::InvalidCall, "There is no change of the view to undo");
+  show(history_.undo());
+}
+
+void GridEngine::redo() {
+  requireRedraw("redone");
+  if (!canRedo()) throw Error(ErrorNumber::InvalidCall, "There is no change of the view to redo");
+  show(history_.redo());
+}
+
+}  // namespace vmgv
