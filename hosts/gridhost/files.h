@@ -7,12 +7,14 @@
 
 namespace vmgv {
 
+std::filesystem::path programFolder();
+
 // "help" or "data/birdstrikes.csv", beside the program's folder as in a build, or in the shared files of an
 // installation. Where it is in neither, the path that a message can name.
 std::filesystem::path shippedFile(const std::filesystem::path& name);
 
-// The machine's settings, with the shipped help where they name no other. Tells on standard error what could
-// not be read.
+// The machine's settings (on Windows the registry has them, and these are none), with the shipped help where
+// they name no other. Tells on standard error what could not be read.
 SettingsFile readSettings();
 
 }  // namespace vmgv

@@ -11,26 +11,12 @@
 
 #include "frontends/qt/comfort.h"
 #include "frontends/qt/units.h"
+#include "hosts/gridhost/entries.h"
 #include "support/strings/string_module.h"
 
 namespace vmgv {
 namespace {
 
-struct Entry {
-  Text caption, line;
-  Facet facet;
-  const char* method;
-};
-constexpr Entry kEntries[] = {
-    {Text::SortButton, Text::SortLine, Facet::Sort, "ShowSort"},
-    {Text::GroupButton, Text::GroupLine, Facet::Groups, "ShowGroups"},
-    {Text::ColumnsButton, Text::ColumnsLine, Facet::Items, "ShowItems"},
-    {Text::GeneralButton, Text::GeneralLine, Facet::General, "ShowGeneral"},
-    {Text::ConditionsButton, Text::ConditionsLine, Facet::Format, "ShowFormat"},
-    {Text::PrintWithDialog, Text::PrintWithDialog, Facet::Preview, "ShowPreview"},
-    {Text::ExcelButton, Text::ExcelLine, Facet::Excel, "ShowExcel"},
-    {Text::Customize, Text::Customize, Facet::Summary, "ShowSummary"},
-};
 constexpr QSize kFirstSize(1100, 680);
 constexpr int kScreenShare = 90;  // percent of the screen at most
 
@@ -72,7 +58,7 @@ QWidget* MainWindow::makePanel() {
   for (const Entry& entry : kEntries) {
     auto* button = new QPushButton(plainCaption(utf8(textOf(entry.caption))));
     button->setToolTip(textOf(entry.line));
-    button->setEnabled(session_.application().offers(entry.facet));
+    button->setEnabled(session_.offers(entry.facet));
     connect(button, &QPushButton::clicked, this, [this, method = entry.method] {
       desktop_.run([&] { session_.control().call(Member(method)); });
     });

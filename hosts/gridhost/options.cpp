@@ -2,8 +2,16 @@
 
 #include <string_view>
 
+#include "hosts/player/paths.h"
+
 namespace vmgv {
 namespace {
+
+#ifdef _WIN32
+#define VMG_NATIVE "win32"
+#else
+#define VMG_NATIVE "qt"
+#endif
 
 template <class Value, std::size_t count>
 Value oneOf(const std::string& option, const std::string& given,
@@ -19,7 +27,8 @@ Value oneOf(const std::string& option, const std::string& given,
 }  // namespace
 
 const char* const kUsage =
-    "usage: gridhost [--data FILE[#TABLE]] [--language en|el] [--frontend qt|headless]\n"
+    "usage: gridhost [--data FILE[#TABLE]] [--language en|el] [--frontend " VMG_NATIVE
+    "|headless]\n"
     "                [--play SCRIPT] [--out DIR]\n"
     "\n"
     "  --data      a CSV file, or an SQLite file and the table to show (default: the demo table)\n"
@@ -28,7 +37,7 @@ const char* const kUsage =
     "  --play      carries out SCRIPT as a user would, then ends\n"
     "  --out       the folder for all that a script writes (default: out)\n";
 
-Options readOptions(std::span<char* const> arguments) {
+Options readOptions(std::span<const std::string> arguments) {
   Options options;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string option = arguments[i];
@@ -44,12 +53,12 @@ Options readOptions(std::span<char* const> arguments) {
     } else if (option == "--language") {
       options.language = oneOf<LanguageId>(option, value(), {{"en", kEnglish}, {"el", kGreek}});
     } else if (option == "--frontend") {
-      options.frontEnd =
-          oneOf<FrontEnd>(option, value(), {{"qt", FrontEnd::Qt}, {"headless", FrontEnd::Headless}});
+      options.frontEnd = oneOf<FrontEnd>(option, value(),
+                                         {{VMG_NATIVE, FrontEnd::Native}, {"headless", FrontEnd::Headless}});
     } else if (option == "--play") {
-      options.script = value();
+      options.script = pathOf(value());
     } else if (option == "--out") {
-      options.out = value();
+      options.out = pathOf(value());
     } else {
       throw UsageError("unknown argument \"" + option + "\"");
     }

@@ -11,12 +11,12 @@
 
 namespace vmgv {
 
-enum class FrontEnd { Qt, Headless };
+enum class FrontEnd { Native, Headless };  // native: Qt, on Windows its own controls
 
 struct Options {
   std::string data;                   // FILE or FILE#TABLE; empty: the demo table
   LanguageId language = kNoLanguage;  // as the library chooses
-  FrontEnd frontEnd = FrontEnd::Qt;
+  FrontEnd frontEnd = FrontEnd::Native;
   std::optional<std::filesystem::path> script;
   std::filesystem::path out = "out";
   bool help = false;
@@ -29,7 +29,7 @@ class UsageError : public std::runtime_error {
 
 extern const char* const kUsage;
 
-// The arguments behind the program's name. Throws UsageError.
-Options readOptions(std::span<char* const> arguments);
+// The arguments behind the program's name, UTF-8. Throws UsageError.
+Options readOptions(std::span<const std::string> arguments);
 
 }  // namespace vmgv

@@ -1,14 +1,14 @@
 #include "frontends/headless/headless_desktop.h"
+#include "hosts/gridhost/core_session.h"
 #include "hosts/gridhost/files.h"
 #include "hosts/gridhost/run.h"
-#include "hosts/gridhost/session.h"
 
 namespace vmgv {
 
 int runHeadless(const Options& options) {
   HeadlessDesktop desktop;
   desktop.setSettings(readSettings());
-  Session session(desktop, options);
+  CoreSession session(desktop, options);
   session.load();
   return session.play(desktop);
 }

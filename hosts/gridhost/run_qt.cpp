@@ -6,6 +6,7 @@
 #include <QUrl>
 #include <iostream>
 
+#include "hosts/gridhost/core_session.h"
 #include "hosts/gridhost/files.h"
 #include "hosts/gridhost/main_window.h"
 #include "hosts/gridhost/run.h"
@@ -24,11 +25,12 @@ bool chooseDisplay(bool playing) {
 
 }  // namespace
 
-int runQt(const Options& options, char* program) {
+int runNative(const Options& options) {
   if (!chooseDisplay(options.script.has_value())) {
     std::cerr << "gridhost: there is no display; without one gridhost plays scripts (--play)\n";
     return 1;
   }
+  char program[] = "gridhost";
   int count = 1;
   char* arguments[] = {program, nullptr};
   QApplication application(count, arguments);
@@ -36,7 +38,7 @@ int runQt(const Options& options, char* program) {
 
   QtDesktop desktop;
   desktop.setSettings(readSettings());
-  Session session(desktop, options);
+  CoreSession session(desktop, options);
   session.documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
   session.load();
 

@@ -3,9 +3,8 @@
 #include <iostream>
 
 #include "adapters/grid/grid_object.h"
-#include "adapters/workbook/application.h"
-#include "control/vmgr_edit.h"
 #include "hosts/gridhost/files.h"
+#include "hosts/player/paths.h"
 #include "hosts/player/player.h"
 
 namespace vmgv {
@@ -15,14 +14,9 @@ constexpr const char* kDemoTable = "data/birdstrikes.csv";
 
 }  // namespace
 
-Session::Session(WindowPort& window, SystemPort& system, const Options& options)
-    : options_(options), application_(window, system) {
+Session::Session(const Options& options) : options_(options), grid_(makeGridObject(engine_)) {
   if (options.language != kNoLanguage) processStringService().setLanguage(options.language);
-  grid_ = makeGridObject(engine_);
-  auto* editor = new vmgrEdit(application_);
-  control_ = editor;
-  editor->setGrid(grid_);
-  data_ = options.data.empty() ? shippedFile(kDemoTable).string() : options.data;
+  data_ = options.data.empty() ? pathText(shippedFile(kDemoTable)) : options.data;
 }
 
 void Session::load() {
@@ -33,7 +27,7 @@ void Session::load() {
 }
 
 int Session::play(User& user) {
-  const Stage stage{control_, grid_, user,
+  const Stage stage{control(), grid_, user,
                     [this](const std::vector<std::int32_t>& rows) { engine_->select(rows); },
                     [this](const std::filesystem::path& file) { workbook_ = file; }};
   Player player(*options_.script, options_.out, stage, std::cerr);
@@ -41,21 +35,13 @@ int Session::play(User& user) {
   const int status = player.run();
   user.setIdleHandler(nullptr);
   if (status != 0) return status;
-  std::cout << options_.script->string() << ": done";
+  std::cout << pathText(*options_.script) << ": done";
   for (const std::string& workbook : written_) std::cout << ", " << workbook;
   std::cout << std::endl;
   return 0;
 }
 
-ObjectRef Session::createObject(const std::string& programId) {
-  return programId == "Excel.Application" ? makeWorkbookApplication(*this) : ObjectRef();
-}
-
-std::string Session::targetPath() {
-  return workbook_.empty() ? freshWorkbookPath(documents.string()) : workbook_.string();
-}
-
-void Session::finished(const std::string& path, std::int64_t rows) {
+void Session::noteWorkbook(const std::string& path, std::int64_t rows) {
   written_.push_back(path + " (" + std::to_string(rows) + " rows with the header)");
   if (onWorkbook) onWorkbook(path);
 }

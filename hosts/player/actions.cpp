@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hosts/player/grid_report.h"
+#include "hosts/player/paths.h"
 #include "hosts/player/words.h"
 #include "support/automation/convert.h"
 #include "support/automation/error.h"
@@ -163,10 +164,10 @@ void Actions::answer(Words words) {
 // A relative name is a file of the output folder if there is one, else as the program itself finds it.
 void Actions::pick(Words words) {
   if (isKeyword(words[0], "cancel")) return user().pick({});
-  const std::filesystem::path given = words[0].text;
+  const std::filesystem::path given = pathOf(words[0].text);
   std::error_code unknown;
   const std::filesystem::path below = out_.path() / given;
-  user().pick((std::filesystem::exists(below, unknown) ? below : given).string());
+  user().pick(pathText(std::filesystem::exists(below, unknown) ? below : given));
 }
 
 void Actions::expect(Words words) {
@@ -182,6 +183,6 @@ void Actions::expectMessage(const std::string& text) {
   throw CannotDo("expected the message " + quoted(text) + ", found " + whatIsOnTop());
 }
 
-void Actions::picture(Words words) { user().picture(out_.file(words[0].text).string()); }
+void Actions::picture(Words words) { user().picture(pathText(out_.file(words[0].text))); }
 
 }  // namespace vmgv

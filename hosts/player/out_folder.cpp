@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "frontends/user/user.h"
+#include "hosts/player/paths.h"
 
 namespace vmgv {
 namespace {
@@ -30,7 +31,7 @@ class Unfinished {
 }  // namespace
 
 std::filesystem::path OutFolder::file(const std::string& name) const {
-  const std::filesystem::path relative(name);
+  const std::filesystem::path relative = pathOf(name);
   const bool leadsUp = std::find(relative.begin(), relative.end(), "..") != relative.end();
   if (relative.has_root_path() || leadsUp || !relative.has_filename() || relative.filename() == ".") {
     throw CannotDo("expected a file name below the output folder, found \"" + name + "\"");
@@ -38,17 +39,17 @@ std::filesystem::path OutFolder::file(const std::string& name) const {
   std::filesystem::path full = folder_ / relative;
   std::error_code failed;
   std::filesystem::create_directories(full.parent_path(), failed);
-  if (failed) throw CannotDo("cannot create " + full.parent_path().string() + ": " + failed.message());
-  if (std::filesystem::is_directory(full, failed)) throw CannotDo(full.string() + " is a folder");
+  if (failed) throw CannotDo("cannot create " + pathText(full.parent_path()) + ": " + failed.message());
+  if (std::filesystem::is_directory(full, failed)) throw CannotDo(pathText(full) + " is a folder");
   return full;
 }
 
 void OutFolder::write(const std::string& name, const std::function<void(std::ostream&)>& content) const {
   const std::filesystem::path target = file(name);
   const auto fail = [&target](const std::string& reason) {
-    return CannotDo("cannot write " + target.string() + ": " + reason);
+    return CannotDo("cannot write " + pathText(target) + ": " + reason);
   };
-  Unfinished part(target.string() + ".part");
+  Unfinished part(pathOf(pathText(target) + ".part"));
   errno = 0;
   std::ofstream stream(part.file(), std::ios::binary | std::ios::trunc);
   if (!stream) throw fail(std::strerror(errno));

@@ -1,5 +1,6 @@
 #include "hosts/player/player.h"
 
+#include "hosts/player/paths.h"
 #include "hosts/player/words.h"
 #include "support/automation/error.h"
 
@@ -126,7 +127,7 @@ bool Player::fitsNow() {
 void Player::fail(int line, const std::string& reason) {
   if (failed_) return;
   failed_ = true;
-  errors_ << script_.string() << ':' << line << ": " << reason << '\n';
+  errors_ << pathText(script_) << ':' << line << ": " << reason << '\n';
 }
 
 // A form that did not follow the title bar is closed without asking.

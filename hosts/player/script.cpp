@@ -1,11 +1,12 @@
 #include "hosts/player/script.h"
-#include "support/text/utf8.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <string_view>
 
+#include "hosts/player/paths.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {
@@ -15,7 +16,9 @@ constexpr std::size_t kLongestLine = 10'000;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string contents(const std::filesystem::path& file) {
-  const auto fail = [&file](const std::string& reason) { return ScriptError(file.string() + ": " + reason); };
+  const auto fail = [&file](const std::string& reason) {
+    return ScriptError(pathText(file) + ": " + reason);
+  };
   std::error_code unknown;
   if (std::filesystem::is_directory(file, unknown)) throw fail("a script was expected, this is a folder");
   errno = 0;
@@ -96,7 +99,7 @@ std::vector<ScriptLine> readScript(const std::filesystem::path& file) {
       std::vector<Word> words = split(line);
       if (!words.empty()) lines.push_back({number, std::move(words)});
     } catch (const ScriptError& error) {
-      throw ScriptError(file.string() + ":" + std::to_string(number) + ": " + error.what());
+      throw ScriptError(pathText(file) + ":" + std::to_string(number) + ": " + error.what());
     }
   }
   return lines;

@@ -1,17 +1,17 @@
-"""check_scripts.py GRIDHOST SOURCE: plays the documented script and the Greek tour on the program itself."""
+"""check_scripts.py SOURCE GRIDHOST ...: plays the documented script and the Greek tour on the program itself."""
 import json
 import pathlib
 import subprocess
 import sys
 import tempfile
 
-gridhost, source = sys.argv[1], pathlib.Path(sys.argv[2])
+source, gridhost = pathlib.Path(sys.argv[1]), sys.argv[2:]
 
 
 def play(script, *options):
     """What the script left: the text of each file by name, pictures aside."""
     with tempfile.TemporaryDirectory() as folder:
-        subprocess.run([gridhost, "--data", source / "data/birdstrikes.csv", "--play", source / "hosts/scripts" / script,
+        subprocess.run([*gridhost, "--data", source / "data/birdstrikes.csv", "--play", source / "hosts/scripts" / script,
                         "--out", folder, *options], check=True, timeout=120)
         return {path.name: path.read_text(encoding="utf-8") for path in pathlib.Path(folder).iterdir() if path.is_file()}
 
@@ -28,3 +28,10 @@ assert left["sorted.tsv"].count("\n") == 20 and left["sorted.tsv"].startswith("0
 left = play("tour-el.vgs", "--language", "el")
 assert list(left) == ["layout.json"], f"the Greek tour left {sorted(left)}"
 assert json.loads(left["layout.json"])["redraw"], "the grid is not drawn any more"
+
+with tempfile.TemporaryDirectory() as folder:
+    script = pathlib.Path(folder, "refused.vgs")
+    script.write_text("call ShowSort\nchoose cboSort(0) 99\n", encoding="utf-8")
+    ended = subprocess.run([*gridhost, "--data", source / "data/birdstrikes.csv", "--play", script], timeout=120,
+                           stderr=subprocess.PIPE, text=True, cwd=folder)
+    assert ended.returncode == 1 and "refused.vgs:2: cboSort(0) has 16 entries, none at 99" in ended.stderr, ended.stderr

@@ -1,6 +1,7 @@
-"""check_tour.py GRIDHOST SCRIPT DATA.csv: plays the tour and compares its workbook with the sorted CSV.
+"""check_tour.py SCRIPT DATA.csv READERS GRIDHOST ...: plays the tour and compares its workbook with the sorted CSV.
 
-The order is worked out here, from the file alone; the cells are read by openpyxl and once more by LibreOffice.
+The order is worked out here, from the file alone; the cells are read by openpyxl and where READERS names
+it, once more, by LibreOffice.
 """
 import csv
 import os
@@ -61,10 +62,10 @@ def compare(what, found, wanted):
     print(f"{what}: {len(found)} rows as expected")
 
 
-def main(gridhost, script, data):
+def main(script, data, readers, *gridhost):
     header, rows = sorted_rows(data)
     with tempfile.TemporaryDirectory() as folder:
-        played = subprocess.run([gridhost, "--data", data, "--language", "en", "--play", script, "--out", folder],
+        played = subprocess.run([*gridhost, "--data", data, "--language", "en", "--play", script, "--out", folder],
                                 stderr=subprocess.PIPE, text=True)
         if played.returncode != 0:
             sys.exit(f"the tour failed with status {played.returncode}: {played.stderr}")
@@ -75,9 +76,10 @@ def main(gridhost, script, data):
         cells = [[(name, "General") for name in header]]
         cells += [[expected(name, row[name]) for name in header] for row in rows]
         compare("openpyxl", by_openpyxl(workbook), cells)
+        if "LibreOffice" not in readers:
+            return
         texts = [["" if value is None else str(value) for value, _ in row] for row in cells]
         compare("LibreOffice", by_libreoffice(workbook, folder), texts)
-    print("1 passed, 0 failed")
 
 
 main(*sys.argv[1:])

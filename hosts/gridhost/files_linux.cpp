@@ -11,13 +11,13 @@ constexpr const char* kSettingsFile = "vmGridViews.conf";
 constexpr const char* kSettingsKey = "SOFTWARE\\Velmora\\Common";
 constexpr const char* kHelpFolder = "helpFolder";
 
+}  // namespace
+
 std::filesystem::path programFolder() {
   std::error_code failed;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
   return failed ? std::filesystem::current_path(failed) : program.parent_path();
 }
-
-}  // namespace
 
 std::filesystem::path shippedFile(const std::filesystem::path& name) {
   const std::filesystem::path root = programFolder().parent_path();

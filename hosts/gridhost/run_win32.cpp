@@ -1,0 +1,31 @@
+#include "hosts/gridhost/com_session.h"
+#include "hosts/gridhost/main_window_win32.h"
+#include "hosts/gridhost/run.h"
+#include "hosts/player/paths.h"
+
+#include <shellapi.h>
+
+namespace vmgv {
+
+int runNative(const Options& options) {
+  const ComApartment apartment;
+  ComSession session(options);
+  session.load();
+  MainWindow window(session);
+  session.scripts().setMainWindow(window.window());
+  session.onWorkbook = [&](const std::string& path) {
+    window.tell(path);
+    if (!options.script) {
+      ShellExecuteW(window.window(), nullptr, pathOf(path).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    }
+  };
+  window.show();
+  if (options.script) {
+    LinkedUser user(session.scripts());
+    return session.play(user);
+  }
+  window.run();
+  return 0;
+}
+
+}  // namespace vmgv
