@@ -1,0 +1,62 @@
+#!/usr/bin/env python3
+"""run_client.py --bits 64 --servers FOLDER --user PROGRAM SCRIPT STEP ...
+
+Registers the servers, runs the script under the system's script host with a user beside it, and unregisters.
+A script that fails ends in silence and with success: only its last line, "done", says that it came through.
+"""
+import argparse
+import os
+import pathlib
+import subprocess
+import sys
+
+WINE = pathlib.Path(__file__).resolve().parents[2] / "packaging" / "wine-run"
+SERVERS = ("vmGridViews.dll", "vmGridViewsStrings.dll")
+ENVIRONMENT = dict(os.environ, LC_ALL="C.UTF-8")  # steps may be Greek
+
+
+def windows_path(path):
+    return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
+
+
+def wine(*command, timeout=60):
+    return subprocess.run([WINE, *command], env=ENVIRONMENT, timeout=timeout, stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--bits", type=int, required=True)
+    parser.add_argument("--servers", required=True)
+    parser.add_argument("--user", required=True)
+    parser.add_argument("script")
+    parser.add_argument("steps", nargs="*")
+    options = parser.parse_args()
+    system = "C:\\windows\\" + ("system32" if options.bits == 64 else "syswow64") + "\\"
+    servers = [windows_path(pathlib.Path(options.servers) / server) for server in SERVERS]
+
+    def register(*switches):
+        for server in servers:
+            code = wine(system + "regsvr32.exe", "/s", *switches, server).returncode
+            if code:
+                sys.exit(f"regsvr32 {' '.join(switches)} {server}: {code}")
+
+    register()
+    user = subprocess.Popen([WINE, options.user, *options.steps], env=ENVIRONMENT, stdin=subprocess.DEVNULL)
+    try:
+        host = wine(system + "cscript.exe", "//nologo", windows_path(options.script))
+        lasting = options.steps[-1:] == ["dismiss"]  # ends with the script
+        acted = 0 if lasting else user.wait(timeout=20)
+    finally:
+        user.kill()
+        user.wait()
+        register("/u")
+    lines = host.stdout.decode(errors="replace").split("\r\n")
+    print("\n".join(lines))
+    if acted:
+        sys.exit("the user could not do a step")
+    if any(line.startswith("FAILED") for line in lines) or "done" not in lines:
+        sys.exit("the script did not come through" + host.stderr.decode(errors="replace"))
+
+
+main()
