@@ -5,8 +5,6 @@
 namespace vmgv {
 namespace {
 
-constexpr std::int16_t kLastOperator = 9;
-
 using ConditionRef = std::shared_ptr<FormatCondition>;
 
 std::int16_t checkedOperator(const Value& value) {

@@ -61,6 +61,8 @@ struct FormatStyle {
   bool operator==(const FormatStyle&) const = default;
 };
 
+inline constexpr std::int16_t kLastOperator = 9;
+
 struct FormatCondition {
   std::string name;  // unique in its grid
   std::int32_t colIndex = 1;

@@ -21,7 +21,8 @@ struct GridState {
 
   // What a saved state said of a column that this grid lacks, to be saved with the next one.
   struct Foreign {
-    std::size_t position = 0;  // among the lines of columns, from 0
+    std::string kind;          // of line
+    std::size_t position = 0;  // among the lines of its kind, from 0
     std::string line;
 
     bool operator==(const Foreign&) const = default;
