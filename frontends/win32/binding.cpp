@@ -1,5 +1,7 @@
 #include "frontends/win32/binding.h"
 
+#include <commctrl.h>
+
 #include <optional>
 #include <utility>
 
@@ -63,9 +65,31 @@ void Binding::follow(const Units& units, FontBook& fonts) {
   const HFONT font = fonts.font(model_.font(), units.dpi());
   if (std::exchange(font_, font) != font) send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
   followContent();
+  followToolTip();
   place(units.pixels(onForm(model_)), units);
-  EnableWindow(window_, throughout(model_, &Control::enabled));
-  ShowWindow(window_, throughout(model_, &Control::visible) ? SW_SHOWNA : SW_HIDE);
+  const LONG_PTR style = GetWindowLongPtrW(window_, GWL_STYLE);
+  const bool enabled = throughout(model_, &Control::enabled), visible = throughout(model_, &Control::visible);
+  if (enabled != !(style & WS_DISABLED)) EnableWindow(window_, enabled);
+  if (visible != !!(style & WS_VISIBLE)) ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void Binding::followToolTip() {
+  const std::wstring text = wide(model_.toolTip());
+  if (!toolTip_ && text.empty()) return;
+  TTTOOLINFOW tool{};
+  tool.cbSize = sizeof tool;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = GetParent(window_);
+  tool.uId = reinterpret_cast<UINT_PTR>(window_);
+  tool.lpszText = const_cast<wchar_t*>(text.c_str());
+  if (!toolTip_) {
+    const ThemeScope theme;
+    toolTip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, L"", WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                               0, 0, 0, 0, tool.hwnd, nullptr, thisModule(), nullptr);
+    SendMessageW(toolTip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  } else {
+    SendMessageW(toolTip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
 }
 
 void Binding::place(const RECT& pixels, const Units&) {

@@ -56,7 +56,10 @@ class Binding {
 
  private:
   Control& model_;
+  void followToolTip();
+
   HWND window_ = nullptr;
+  HWND toolTip_ = nullptr;  // made for the first text; the dialog owns it
   HFONT font_ = nullptr;
 };
 

@@ -12,13 +12,14 @@ constexpr int kButtonWidth = 50, kButtonPadding = 12, kSignPadding = 8;
 constexpr int kFieldPadding = 6;
 constexpr int kBarWidth = 107, kBarHeight = 8;
 constexpr int kFramePadding = 8;
+// In pixels: the platform does not scale what it draws around the text of a field.
+constexpr int kFieldBorder = 4;
+constexpr int kRule = 2;  // an etched line
 // In pixels of a usual monitor.
-constexpr int kFieldBorder = 4;     // above and below the text of a field or button
+constexpr int kButtonBorder = 4;    // above and below the caption
 constexpr int kIndicator = 14;      // of a check box or option button, with its border
 constexpr int kIndicatorSlack = 4;  // for the rectangle that marks the focus
-constexpr int kRule = 2;            // an etched line
 
-// Every choice between sizes is the same for all windows of a row, so that they align.
 class Measure final : public ControlVisitor {
  public:
   Measure(const Font& font, FontBook& fonts, const Units& units)
@@ -34,11 +35,13 @@ class Measure final : public ControlVisitor {
   void visit(TextBox& box) override { size_ = {letters(box.columns) + x(kFieldPadding), fieldHeight()}; }
   void visit(CommandButton& button) override {
     const std::wstring caption = wide(button.caption());
-    const LONG words = text_.extent(caption).cx;
-    const bool sign = std::none_of(caption.begin(), caption.end(), [](wchar_t c) { return IsCharAlphaW(c); });
-    size_ = {sign && !caption.empty() ? std::max<LONG>(fieldHeight(), words + x(kSignPadding))
-                                      : std::max<LONG>(x(kButtonWidth), words + x(kButtonPadding)),
-             fieldHeight()};
+    const int words = text_.extent(caption).cx;
+    if (isSign(caption)) {  // beside a field
+      size_ = {std::max(fieldHeight(), words + x(kSignPadding)), fieldHeight()};
+    } else {
+      size_ = {std::max(x(kButtonWidth), words + x(kButtonPadding)),
+               text_.lineHeight() + 2 * units_.scaled(kButtonBorder)};
+    }
   }
   void visit(Label& label) override { size_ = text_.extent(wide(label.caption())); }
   void visit(Frame& frame) override {
@@ -52,8 +55,12 @@ class Measure final : public ControlVisitor {
   int x(int units) const { return (units * text_.averageWidth() + 3) / 4; }
   int y(int units) const { return (units * text_.lineHeight() + 7) / 8; }
   int letters(int count) const { return count * text_.averageWidth(); }
-  int fieldHeight() const { return text_.lineHeight() + 2 * units_.scaled(kFieldBorder); }
+  int fieldHeight() const { return text_.lineHeight() + 2 * kFieldBorder; }
   int scrollBarWidth() const { return GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(units_.dpi())); }
+  static bool isSign(const std::wstring& caption) {
+    return !caption.empty() &&
+           std::none_of(caption.begin(), caption.end(), [](wchar_t c) { return IsCharAlphaW(c); });
+  }
   // Between the indicator and the words lies half a letter.
   void choice(const Control& control) {
     const SIZE words = text_.extent(wide(control.caption()));

@@ -4,7 +4,6 @@
 #include <commctrl.h>
 #include <dlgs.h>
 
-
 #include "frontends/com/text.h"
 #include "frontends/win32/gestures.h"
 #include "frontends/win32/picture.h"

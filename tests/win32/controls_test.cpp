@@ -1,4 +1,8 @@
 // Native controls in both directions, and the keyboard.
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include "tests/win32/fixture.h"
 
 namespace vmgv {
@@ -19,6 +23,32 @@ void pressReally(std::vector<WORD> keys) {
     inputs.push_back(input);
   }
   ASSERT_EQ(SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)), inputs.size());
+}
+
+// Of the dialog's tips, those that belong to the window.
+std::wstring toolTipOf(HWND window) {
+  struct Search {
+    HWND window;
+    std::wstring text;
+  } search{window, {}};
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND tips, LPARAM result) -> BOOL {
+        auto& wanted = *reinterpret_cast<Search*>(result);
+        wchar_t text[80] = L"";
+        TTTOOLINFOW tool{};
+        tool.cbSize = sizeof tool;
+        tool.hwnd = GetParent(wanted.window);
+        tool.uId = reinterpret_cast<UINT_PTR>(wanted.window);
+        tool.lpszText = text;
+        if (GetWindow(tips, GW_OWNER) == tool.hwnd) {
+          SendMessageW(tips, TTM_GETTEXTW, 80, reinterpret_cast<LPARAM>(&tool));
+        }
+        wanted.text += text;
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.text;
 }
 
 }  // namespace
@@ -56,6 +86,9 @@ TEST_F(Win32Test, WindowsFollowTheModel) {
                 form.frame.setEnabled(false);
                 form.text.setVisible(false);
                 form.text.setText("ω");
+                form.check.setToolTip("first");
+                desktop.focused();
+                form.check.setToolTip("υπόδειξη & more");
               },
               [&] {
                 desktop.focused();  // what the program did outside of a step's act shows from here on
@@ -65,6 +98,7 @@ TEST_F(Win32Test, WindowsFollowTheModel) {
                 EXPECT_FALSE(IsWindowEnabled(windowOf(form.up)));  // with its frame
                 EXPECT_FALSE(IsWindowVisible(windowOf(form.text)));
                 EXPECT_EQ(textOf(windowOf(form.text)), L"ω");
+                EXPECT_EQ(toolTipOf(windowOf(form.check)), L"υπόδειξη & more");
                 form.up.setValue(false);
                 form.frame.setEnabled(true);
                 desktop.focused();
