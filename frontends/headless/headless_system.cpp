@@ -1,5 +1,7 @@
 #include "frontends/headless/headless_system.h"
 
+#include <filesystem>
+
 #include "support/automation/error.h"
 
 namespace vmgv {
@@ -17,6 +19,11 @@ void HeadlessSystem::setScale(int percent) {
   font.faceName = "DejaVu Sans";
   font.height = -kFontPoints * pixelsPerInch_ / kPointsPerInch;
   fonts_.emplace().fill(font);
+}
+
+bool HeadlessSystem::fileExists(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(std::u8string(path.begin(), path.end()), ignored);
 }
 
 std::intptr_t HeadlessSystem::openHelp(Form*, const std::string& file, HelpCommand command,

@@ -36,6 +36,7 @@ class HeadlessSystem : public SystemPort {
   }
   std::string commonFilesFolder() override { return commonFilesFolder_; }
   char pathSeparator() const override { return '/'; }
+  bool fileExists(const std::string& path) override;
   // Remembers the call; there is no help window to show.
   std::intptr_t openHelp(Form* owner, const std::string& file, HelpCommand command,
                          const std::string& topic) override;

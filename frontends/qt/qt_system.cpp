@@ -51,6 +51,8 @@ std::string QtSystem::commonFilesFolder() {
   return utf8(folders.isEmpty() ? QString() : folders.last()) + pathSeparator();
 }
 
+bool QtSystem::fileExists(const std::string& path) { return QFileInfo(qt(path)).isFile(); }
+
 std::intptr_t QtSystem::openHelp(Form*, const std::string& file, HelpCommand command,
                                  const std::string& topic) {
   const QString helpFile = qt(file.substr(0, file.find('>')));  // ">" begins the name of a help window

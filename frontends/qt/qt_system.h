@@ -23,6 +23,7 @@ class QtSystem : public SystemPort {
   }
   std::string commonFilesFolder() override;
   char pathSeparator() const override { return '/'; }
+  bool fileExists(const std::string& path) override;
   // The pages are HTML files in the folder of `file`, below "en" and "el"; the user's browser shows them, so
   // that there never is a handle.
   std::intptr_t openHelp(Form* owner, const std::string& file, HelpCommand command,

@@ -1,7 +1,5 @@
 #include "output/excel/export_engine.h"
 
-#include <filesystem>
-
 #include "grid/contract.h"
 #include "grid/redraw.h"
 #include "support/automation/convert.h"
@@ -15,12 +13,6 @@ constexpr const char* kLineBreak = "\r\n";
 constexpr double kOldestVersion = 9;
 constexpr int kRowsPerLabel = 50;  // a new status text each so many rows
 constexpr std::int32_t kHeaderRow = 1;
-
-bool fileExists(const std::string& path) {
-  std::error_code ignored;
-  return std::filesystem::is_regular_file(std::filesystem::path(std::u8string(path.begin(), path.end())),
-                                          ignored);
-}
 
 }  // namespace
 
@@ -52,7 +44,7 @@ bool ExportEngine::startExcel() {
 
 bool ExportEngine::requirementsHold() {
   const std::string& path = dialog_.txtTemplate.text();
-  if (dialog_.chkPivot.value() == 1 && usesTemplate() && !fileExists(path)) {
+  if (dialog_.chkPivot.value() == 1 && usesTemplate() && !services_.system.fileExists(path)) {
     tell(Text::FileNotFound, MessageStyle::Critical, {path}, kApplicationTitle);
     return false;
   }

@@ -1,7 +1,9 @@
 #include "support/automation/convert.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 
 #include "support/automation/date.h"
@@ -10,14 +12,12 @@
 namespace vmgv {
 namespace {
 
-std::string digits(auto number, int precision) {
+// Not std::to_chars, whose tables would be a quarter of the Windows control's whole file.
+std::string digits(double number, int precision) {
   char buffer[40];
-  const auto end =
-      std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::general, precision).ptr;
-  for (char* c = buffer; c != end; ++c) {
-    if (*c == 'e') *c = 'E';
-  }
-  return {buffer, end};
+  const int length = std::snprintf(buffer, sizeof buffer, "%.*G", precision, number);
+  std::replace(buffer, buffer + length, ',', '.');  // a host may have chosen a locale for the process
+  return {buffer, buffer + length};
 }
 
 std::string currencyText(Currency value) {

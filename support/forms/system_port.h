@@ -37,6 +37,7 @@ class SystemPort {
   // The folder that installed programs share, with a trailing separator.
   virtual std::string commonFilesFolder() = 0;
   virtual char pathSeparator() const = 0;
+  virtual bool fileExists(const std::string& path) = 0;  // an ordinary file, not a folder
 
   // Opens a page of a help file and returns the help window's handle, or 0. A missing file is reported to
   // the user by the platform. `owner` may be null.

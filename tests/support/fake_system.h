@@ -31,6 +31,7 @@ class FakeSystem : public SystemPort {
   }
   std::string commonFilesFolder() override { return "C:\\Common\\"; }
   char pathSeparator() const override { return '\\'; }
+  bool fileExists(const std::string&) override { return false; }
   std::intptr_t openHelp(Form*, const std::string& file, HelpCommand command,
                          const std::string& topic) override {
     helpCalls.push_back(file + "|" + std::to_string(static_cast<unsigned>(command)) + "|" + topic);
