@@ -78,15 +78,21 @@ WPARAM keyNamed(std::wstring_view name) {
   return 0;
 }
 
+// Returns when the dialog waits for messages.
+void letSettle(HWND dialog) {
+  DWORD_PTR ignored = 0;
+  SendMessageTimeoutW(dialog, WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &ignored);
+}
+
 // The next key waits until the dialog has dealt with this one.
 bool type(HWND dialog, WPARAM key) {
+  letSettle(dialog);
   HWND focused = nullptr;
   if (!key || !comesTrue([&] { return (focused = focusIn(dialog)) != nullptr; })) return false;
   const auto scan = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC)) << 16;
   PostMessageW(focused, WM_KEYDOWN, key, 1 | scan);
   PostMessageW(focused, WM_KEYUP, key, 0xC0000001 | scan);
-  DWORD_PTR ignored = 0;
-  SendMessageTimeoutW(dialog, WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &ignored);
+  letSettle(dialog);
   Sleep(5 * kGlance);
   return true;
 }

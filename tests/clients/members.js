@@ -22,6 +22,7 @@ edit.CurrentCatalog.Add("key", 5);
 expect("CurrentCatalog", catalog.Item("key"), 5);
 expect("CurrentView", edit.CurrentView, "\u03a0\u03c1\u03bf\u03b2\u03bf\u03bb\u03ae");
 expect("excelVisible", edit.excelVisible, false);
+edit.Font.Name = "DejaVu Sans";
 edit.Font.Size = 12;
 expect("Font.Size", edit.Font.Size, 12);
 

@@ -9,6 +9,7 @@ import os
 import pathlib
 import subprocess
 import sys
+import tempfile
 
 WINE = pathlib.Path(__file__).resolve().parents[2] / "packaging" / "wine-run"
 SERVERS = ("vmGridViews.dll", "vmGridViewsStrings.dll")
@@ -20,8 +21,12 @@ def windows_path(path):
 
 
 def wine(*command, timeout=60):
-    return subprocess.run([WINE, *command], env=ENVIRONMENT, timeout=timeout, stdin=subprocess.DEVNULL,
-                          stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    """Exit code and output. By way of a file: Wine's own services keep a pipe open when the program has ended."""
+    with tempfile.TemporaryFile() as output:
+        code = subprocess.run([WINE, *command], env=ENVIRONMENT, timeout=timeout, stdin=subprocess.DEVNULL,
+                              stdout=output).returncode
+        output.seek(0)
+        return code, output.read().decode(errors="replace").split("\r\n")
 
 
 def main():
@@ -37,26 +42,25 @@ def main():
 
     def register(*switches):
         for server in servers:
-            code = wine(system + "regsvr32.exe", "/s", *switches, server).returncode
+            code, _ = wine(system + "regsvr32.exe", "/s", *switches, server)
             if code:
                 sys.exit(f"regsvr32 {' '.join(switches)} {server}: {code}")
 
     register()
     user = subprocess.Popen([WINE, options.user, *options.steps], env=ENVIRONMENT, stdin=subprocess.DEVNULL)
     try:
-        host = wine(system + "cscript.exe", "//nologo", windows_path(options.script))
+        _, lines = wine(system + "cscript.exe", "//nologo", windows_path(options.script))
         lasting = options.steps[-1:] == ["dismiss"]  # ends with the script
         acted = 0 if lasting else user.wait(timeout=20)
     finally:
         user.kill()
         user.wait()
         register("/u")
-    lines = host.stdout.decode(errors="replace").split("\r\n")
     print("\n".join(lines))
     if acted:
         sys.exit("the user could not do a step")
     if any(line.startswith("FAILED") for line in lines) or "done" not in lines:
-        sys.exit("the script did not come through" + host.stderr.decode(errors="replace"))
+        sys.exit("the script did not come through")
 
 
 main()

@@ -31,7 +31,9 @@ Class KeyList
 End Class
 
 Class GridClass
-  Public Columns, SortKeys, Redraw
+  Public Columns
+  Public SortKeys
+  Public Redraw
   Private Sub Class_Initialize
     Set Columns = New ColumnList
     Set SortKeys = New KeyList
