@@ -1,5 +1,7 @@
 #include "frontends/win32/modal_scope.h"
 
+#include "frontends/win32/window_walk.h"
+
 namespace vmgv {
 namespace {
 
@@ -8,14 +10,10 @@ bool takesInput(HWND window) noexcept { return IsWindowVisible(window) && IsWind
 }  // namespace
 
 ModalScope::ModalScope(HWND spared) : spared_(spared), active_(GetActiveWindow()) {
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM self) -> BOOL {
-        auto& scope = *reinterpret_cast<ModalScope*>(self);
-        if (window != scope.spared_ && takesInput(window)) scope.disabled_.push_back(window);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(this));
+  eachThreadWindow([this](HWND window) {
+    if (window != spared_ && takesInput(window)) disabled_.push_back(window);
+    return true;
+  });
   for (const HWND window : disabled_) EnableWindow(window, FALSE);
 }
 
@@ -30,14 +28,10 @@ void ModalScope::end() noexcept {
 HWND threadsWindow() noexcept {
   if (const HWND active = GetActiveWindow()) return active;
   HWND found = nullptr;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM result) -> BOOL {
-        if (!takesInput(window)) return TRUE;
-        *reinterpret_cast<HWND*>(result) = window;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&found));
+  eachThreadWindow([&found](HWND window) {
+    if (takesInput(window)) found = window;
+    return !found;
+  });
   return found;
 }
 

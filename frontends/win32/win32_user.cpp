@@ -1,7 +1,6 @@
 // What the user of a Windows desktop does and sees.
 #include <windows.h>
 
-#include <commctrl.h>
 #include <dlgs.h>
 
 #include "frontends/com/text.h"
@@ -9,6 +8,7 @@
 #include "frontends/win32/picture.h"
 #include "frontends/win32/scopes.h"
 #include "frontends/win32/win32_desktop.h"
+#include "frontends/win32/window_walk.h"
 #include "support/automation/error.h"
 #include "support/text/utf8.h"
 
@@ -20,33 +20,23 @@ void requireFocusable(const Control& control) {
 }
 
 // A list that is still dropped down would get the keys of what comes next.
-void closeLists(HWND dialog) {
-  EnumChildWindows(
-      dialog,
-      [](HWND child, LPARAM) -> BOOL {
-        if (SendMessageW(child, WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS &&
-            SendMessageW(child, CB_GETDROPPEDSTATE, 0, 0)) {
-          SendMessageW(child, CB_SHOWDROPDOWN, FALSE, 0);
-        }
-        return TRUE;
-      },
-      0);
+void closeLists(const FormWindow& window) {
+  for (const auto& control : window.form().controls()) {
+    if (!dynamic_cast<const ComboBox*>(control.get())) continue;
+    const HWND list = window.binding(*control).window();
+    if (SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0)) SendMessageW(list, CB_SHOWDROPDOWN, FALSE, 0);
+  }
 }
 
 // The field of a file picker in which a name can be typed.
 HWND nameField(HWND picker) {
   HWND found = nullptr;
-  EnumChildWindows(
-      picker,
-      [](HWND child, LPARAM result) -> BOOL {
-        const int id = GetDlgCtrlID(child);
-        if ((id != edt1 && id != cmb13) || !IsWindowVisible(child)) return TRUE;
-        HWND inner = child;
-        while (const HWND next = GetWindow(inner, GW_CHILD)) inner = next;
-        *reinterpret_cast<HWND*>(result) = inner;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&found));
+  eachChild(picker, [&found](HWND child) {
+    const int id = GetDlgCtrlID(child);
+    if ((id == edt1 || id == cmb13) && IsWindowVisible(child)) found = child;
+    return !found;
+  });
+  while (const HWND inner = found ? GetWindow(found, GW_CHILD) : nullptr) found = inner;
   return found;
 }
 
@@ -77,7 +67,7 @@ Binding& Win32Desktop::bindingOnTop(Control& control) {
   if (&window.form() != &control.form()) throw CannotDo(control.form().name() + " is not on top");
   requireUsable(control);
   followAll();
-  closeLists(window.window());
+  closeLists(window);
   return window.binding(control);
 }
 
@@ -178,7 +168,7 @@ void Win32Desktop::resize(Size size) {
 
 void Win32Desktop::closeWindow() {
   const FormWindow& window = topWindow();
-  closeLists(window.window());
+  closeLists(window);
   SendMessageW(window.window(), WM_SYSCOMMAND, SC_CLOSE, 0);
 }
 

@@ -3,6 +3,7 @@
 
 #include <commctrl.h>
 
+#include "frontends/win32/window_walk.h"
 #include "tests/win32/fixture.h"
 
 namespace vmgv {
@@ -27,28 +28,19 @@ void pressReally(std::vector<WORD> keys) {
 
 // Of the dialog's tips, those that belong to the window.
 std::wstring toolTipOf(HWND window) {
-  struct Search {
-    HWND window;
-    std::wstring text;
-  } search{window, {}};
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND tips, LPARAM result) -> BOOL {
-        auto& wanted = *reinterpret_cast<Search*>(result);
-        wchar_t text[80] = L"";
-        TTTOOLINFOW tool{};
-        tool.cbSize = sizeof tool;
-        tool.hwnd = GetParent(wanted.window);
-        tool.uId = reinterpret_cast<UINT_PTR>(wanted.window);
-        tool.lpszText = text;
-        if (GetWindow(tips, GW_OWNER) == tool.hwnd) {
-          SendMessageW(tips, TTM_GETTEXTW, 80, reinterpret_cast<LPARAM>(&tool));
-        }
-        wanted.text += text;
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&search));
-  return search.text;
+  wchar_t text[80] = L"";
+  TTTOOLINFOW tool{};
+  tool.cbSize = sizeof tool;
+  tool.hwnd = GetParent(window);
+  tool.uId = reinterpret_cast<UINT_PTR>(window);
+  tool.lpszText = text;
+  eachThreadWindow([&](HWND tips) {
+    if (GetWindow(tips, GW_OWNER) == tool.hwnd) {
+      SendMessageW(tips, TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
+    }
+    return text[0] == 0;
+  });
+  return text;
 }
 
 }  // namespace

@@ -3,6 +3,24 @@
 #include "tests/win32/fixture.h"
 
 namespace vmgv {
+namespace {
+
+int keysSeen;
+
+LRESULT CALLBACK seeF1(int code, WPARAM wParam, LPARAM lParam) {
+  const auto* message = reinterpret_cast<const MSG*>(lParam);
+  if (code != MSGF_DIALOGBOX || message->message != WM_KEYDOWN || message->wParam != VK_F1) {
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+  }
+  ++keysSeen;
+  return TRUE;
+}
+
+Win32Desktop* yielding;
+
+void CALLBACK yieldToo(HWND, UINT, UINT_PTR, DWORD) { yielding->doEvents(); }
+
+}  // namespace
 
 TEST_F(Win32Test, HostsWindowsRestWhileADialogIsOpen) {
   const HostWindow other(L"other"), owner(L"owner"), resting(L"resting"), hidden(L"hidden");
@@ -36,22 +54,12 @@ TEST_F(Win32Test, HostsWindowsRestWhileADialogIsOpen) {
 }
 
 TEST_F(Win32Test, TheHostsHooksSeeEveryMessage) {
-  static int seen;
-  seen = 0;
-  const HHOOK hook = SetWindowsHookExW(
-      WH_MSGFILTER,
-      [](int code, WPARAM wParam, LPARAM lParam) -> LRESULT {
-        const auto* message = reinterpret_cast<const MSG*>(lParam);
-        if (code != MSGF_DIALOGBOX || message->message != WM_KEYDOWN || message->wParam != VK_F1)
-          return CallNextHookEx(nullptr, code, wParam, lParam);
-        ++seen;
-        return TRUE;
-      },
-      nullptr, GetCurrentThreadId());
+  keysSeen = 0;
+  const HHOOK hook = SetWindowsHookExW(WH_MSGFILTER, seeF1, nullptr, GetCurrentThreadId());
   SampleForm form;
   play(form, {[&] { PostMessageW(GetFocus(), WM_KEYDOWN, VK_F1, 0); }, [] {}});
   UnhookWindowsHookEx(hook);
-  EXPECT_EQ(seen, 1);
+  EXPECT_EQ(keysSeen, 1);
 }
 
 TEST_F(Win32Test, DialogsEndWithTheirProgramOrOwner) {
@@ -87,10 +95,8 @@ TEST_F(Win32Test, LongWorkLetsTheUserIn) {
   int rows = 0;
   bool cancelled = false;
   // A host's own timer may fire inside a yield, and yield itself.
-  static Win32Desktop* timed;
-  timed = &desktop;
-  const UINT_PTR timer =
-      SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) { timed->doEvents(); });
+  yielding = &desktop;
+  const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, yieldToo);
   form.cmdCancel.onClick = [&] { cancelled = true; };
   form.cmdOK.onClick = [&] {
     for (const DWORD start = GetTickCount(); !cancelled && GetTickCount() - start < 5000; ++rows) {

@@ -6,22 +6,18 @@
 
 #include <vector>
 
+#include "frontends/win32/window_walk.h"
+
 namespace vmgv {
 namespace {
 
-BOOL CALLBACK countChild(HWND, LPARAM count) {
-  ++*reinterpret_cast<std::size_t*>(count);
-  return TRUE;
-}
-
-BOOL CALLBACK countWindow(HWND window, LPARAM count) {
-  countChild(window, count);
-  return EnumChildWindows(window, countChild, count), TRUE;
-}
-
 std::size_t countWindows() {
   std::size_t count = 0;
-  EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&count));
+  const auto one = [&count](HWND) { return ++count, true; };
+  eachThreadWindow([&](HWND window) {
+    eachChild(window, one);
+    return one(window);
+  });
   return count;
 }
 
