@@ -82,4 +82,5 @@ def main(script, data, readers, *gridhost):
         compare("LibreOffice", by_libreoffice(workbook, folder), texts)
 
 
-main(*sys.argv[1:])
+if __name__ == "__main__":
+    main(*sys.argv[1:])

@@ -49,15 +49,20 @@ WScript.Echo "done"
 '''
 
 
+def windows_path(path):
+    return "Z:" + path.replace("/", "\\")
+
+
 class Windows:
+    """Starts Windows programs; the server's workbooks go into `folder`."""
     def __init__(self, run, folder, bits):
         self.run, self.folder, self.bits = run, folder, bits
 
     def path(self, name):
-        return "Z:" + os.path.join(self.folder, name).replace("/", "\\")
+        return windows_path(os.path.join(self.folder, name))
 
     def __call__(self, program, *arguments, status=0):
-        environment = dict(os.environ, VMG_WORKBOOK_FOLDER="Z:" + self.folder.replace("/", "\\"))
+        environment = dict(os.environ, VMG_WORKBOOK_FOLDER=windows_path(self.folder))
         system = "C:\\windows\\" + ("syswow64" if self.bits == "32" else "system32") + "\\"
         program = program if "/" in program else system + program
         done = subprocess.run([self.run, program, *arguments], capture_output=True, env=environment, timeout=120)
@@ -121,7 +126,7 @@ def check_client(windows, client):
 def main(run, server, client, bits):
     with tempfile.TemporaryDirectory() as folder:
         windows = Windows(run, folder, bits)
-        dll = "Z:" + server.replace("/", "\\")
+        dll = windows_path(server)
         before = windows.classes()
         windows("regsvr32.exe", "/s", dll)
         registered = windows.classes()
@@ -140,4 +145,5 @@ def main(run, server, client, bits):
     print("1 passed, 0 failed")
 
 
-main(*sys.argv[1:])
+if __name__ == "__main__":
+    main(*sys.argv[1:])
