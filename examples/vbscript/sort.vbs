@@ -37,7 +37,7 @@ Class List
   End Sub
 End Class
 
-Class Grid
+Class CityGrid
   Public Columns
   Public SortKeys
   Public Redraw
@@ -54,7 +54,7 @@ Class Grid
 End Class
 
 Dim table, editor, key, i, direction
-Set table = New Grid
+Set table = New CityGrid
 table.SortKeys.Add 1, 1  ' by country, ascending
 
 CreateObject("vmGridViewsStrings.MlStringService").Language = 1033  ' English; Greek without this line
