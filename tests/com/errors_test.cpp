@@ -8,14 +8,15 @@ namespace {
 
 constexpr HRESULT hresult(std::uint32_t code) { return static_cast<HRESULT>(code); }
 
+HRESULT STDMETHODCALLTYPE fillIn(EXCEPINFO* exception) {
+  exception->scode = hresult(0x800A0009);
+  exception->bstrDescription = SysAllocString(L"late words");
+  return S_OK;
+}
+
 TEST(Errors, OfAHostInTheRunTimesNumbers) {
   const auto host = makeComObject<FakeHost>();
   const ObjectRef object = wrapDispatch(host.get());
-  static const auto fill = [](EXCEPINFO* exception) -> HRESULT {
-    exception->scode = hresult(0x800A0009);
-    exception->bstrDescription = SysAllocString(L"late words");
-    return S_OK;
-  };
   const struct {
     HRESULT result;
     EXCEPINFO exception;  // with the description "words" unless it is filled in later
@@ -25,7 +26,7 @@ TEST(Errors, OfAHostInTheRunTimesNumbers) {
       {DISP_E_EXCEPTION, {.wCode = 513}, "513: words"},
       {DISP_E_EXCEPTION, {.scode = DISP_E_TYPEMISMATCH}, "13: words"},
       {DISP_E_EXCEPTION, {.scode = hresult(0x80040E21)}, "-2147217887: words"},
-      {DISP_E_EXCEPTION, {.pfnDeferredFillIn = fill}, "9: late words"},
+      {DISP_E_EXCEPTION, {.pfnDeferredFillIn = fillIn}, "9: late words"},
       {DISP_E_TYPEMISMATCH, {}, "13: Type mismatch"},
       {DISP_E_OVERFLOW, {}, "6: Overflow"},
       {DISP_E_BADINDEX, {}, "9: Subscript out of range"},
