@@ -47,7 +47,7 @@ class ComboBinding final : public BindingOf<ComboBox> {
       for (const std::string& entry : shown_) {
         send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide(entry).c_str()));
       }
-      widenList();
+      widenedFor_ = 0;
     }
     // While the list is open the user walks over entries that are not chosen yet.
     if (!send(CB_GETDROPPEDSTATE) && selected() != control_.listIndex()) {
@@ -67,7 +67,7 @@ class ComboBinding final : public BindingOf<ComboBox> {
     GetWindowRect(window(), &closed);
     const int border = closed.bottom - closed.top - static_cast<int>(send(CB_GETITEMHEIGHT, kClosed));
     if (closed.bottom - closed.top != height) send(CB_SETITEMHEIGHT, kClosed, height - border);
-    widenList();
+    if (std::exchange(widenedFor_, units.dpi()) != units.dpi()) widenList(units);
   }
 
  private:
@@ -80,15 +80,16 @@ class ComboBinding final : public BindingOf<ComboBox> {
   }
 
   // As wide as the longest entry, so that none is cut off in the open list.
-  void widenList() {
+  void widenList(const Units& units) {
     const TextMeasure text(reinterpret_cast<HFONT>(send(WM_GETFONT)));
     LONG widest = 0;
     for (const std::string& entry : shown_) widest = std::max(widest, text.extent(wide(entry)).cx);
-    const int border = GetSystemMetrics(SM_CXVSCROLL) + text.averageWidth() * 2;
-    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + border));
+    const int scrollBar = GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(units.dpi()));
+    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + scrollBar + 2 * text.averageWidth()));
   }
 
   std::vector<std::string> shown_;
+  int widenedFor_ = 0;  // the density for which the list is wide enough
   bool accepted_ = false;
 };
 

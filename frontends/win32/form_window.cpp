@@ -193,7 +193,7 @@ bool FormWindow::translate(const MSG& message) {
   auto* option = dynamic_cast<OptionButton*>(focused);
   if (*key == Key::Tab && (shift & ~kShift) == 0) {
     next = nextStop(form_, focused, shift == kShift);
-  } else if (option && isArrow(*key) && shift == 0) {
+  } else if (option && canTakeFocus(*option) && isArrow(*key) && shift == 0) {
     next = &nextOption(*option, *key == Key::Left || *key == Key::Up);
   } else {
     return false;

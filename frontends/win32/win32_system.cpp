@@ -60,7 +60,7 @@ std::string missingHelpText(const std::string& file, const std::string& topic) {
 // Loaded at the first call and kept: help windows outlive dialogs.
 HWND htmlHelp(HWND owner, const std::wstring& file, UINT command, const std::wstring& topic) {
   using Open = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
-  static const HMODULE library = LoadLibraryW(L"hhctrl.ocx");
+  static const HMODULE library = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
   if (!library) return nullptr;
   const auto open = reinterpret_cast<Open>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpW")));
   return open ? open(owner, file.c_str(), command, reinterpret_cast<DWORD_PTR>(topic.c_str())) : nullptr;
