@@ -3,6 +3,7 @@
 #include <string>
 #include <typeinfo>
 #include <unordered_map>
+#include <utility>
 
 #include "frontends/com/registry.h"
 #include "frontends/com/text.h"
@@ -18,10 +19,18 @@ struct Border {
   std::unordered_map<const IUnknown*, HostObject*> hosts;  // by the host object's identity
 };
 
-// Never destroyed: objects may outlive every static of the module.
+// Each apartment has its own, as long as anything stands on both sides.
+thread_local Border* current = nullptr;
+
 Border& border() {
-  static auto* const instance = new Border;
-  return *instance;
+  if (!current) current = new Border;
+  return *current;
+}
+
+void dropIfEmpty() noexcept {
+  if (current->exposed.empty() && current->outside.empty() && current->hosts.empty()) {
+    delete std::exchange(current, nullptr);
+  }
 }
 
 template <class Map, class Key>
@@ -33,11 +42,17 @@ auto* found(const Map& map, Key key) {
 }  // namespace
 
 void forget(const Exposure& exposure) noexcept {
-  border().exposed.erase(exposure.object().get());
-  border().outside.erase(static_cast<const IDispatch*>(&exposure));
+  if (!current) return;
+  current->exposed.erase(exposure.object().get());
+  current->outside.erase(static_cast<const IDispatch*>(&exposure));
+  dropIfEmpty();
 }
 
-void forget(const HostObject& object) noexcept { border().hosts.erase(object.identity()); }
+void forget(const HostObject& object) noexcept {
+  if (!current) return;
+  current->hosts.erase(object.identity());
+  dropIfEmpty();
+}
 
 ObjectRef wrapDispatch(IDispatch* object) {
   if (!object) return nullptr;

@@ -1,4 +1,4 @@
-// Objects on their way between the core and automation. One thread: that of the apartment.
+// Objects on their way between the core and automation. An object stays in its apartment's thread.
 #pragma once
 
 #include <ole2.h>

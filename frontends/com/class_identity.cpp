@@ -3,6 +3,7 @@
 #include <ocidl.h>
 
 #include <cstring>
+#include <mutex>
 #include <unordered_set>
 
 #include "frontends/com/com_ptr.h"
@@ -47,7 +48,9 @@ GUID identityOf(ClassId id) noexcept {
 }
 
 ClassId interned(const GUID& identity) {
+  static std::mutex lock;
   static std::unordered_set<GUID, GuidHash> identities;
+  const std::lock_guard guard(lock);
   return &*identities.insert(identity).first;
 }
 

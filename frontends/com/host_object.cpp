@@ -1,6 +1,7 @@
 #include "frontends/com/host_object.h"
 
 #include <array>
+#include <atomic>
 #include <string>
 
 #include "frontends/com/class_identity.h"
@@ -22,7 +23,7 @@ constexpr HRESULT kReported = static_cast<HRESULT>(0x80020101);
 // A number for one object alone. Odd, and never given twice, so that it is no address and no earlier
 // object's.
 ClassId freshClassId() noexcept {
-  static std::uintptr_t last = 1;
+  static std::atomic<std::uintptr_t> last = 1;
   return reinterpret_cast<ClassId>(last += 2);
 }
 
@@ -215,11 +216,9 @@ Value HostObject::get(Call& call, MemberId member, std::span<const Value> args) 
   MemberId item;
   if (script_ && member == kDefaultMember && !args.empty() && SUCCEEDED(find(L"Item", item))) member = item;
 
-  if (call.invoke(member, valueOfScript ? kProperty : kEither) || !call.mayTryOtherwise())
-    return call.answer();
-  if (call.invoke(member, valueOfScript ? kEither : kProperty) || !call.mayTryOtherwise())
-    return call.answer();
-  if (args.empty() || member == kDefaultMember) return call.answer();
+  const bool answered = call.invoke(member, valueOfScript ? kProperty : kEither) || !call.mayTryOtherwise() ||
+                        call.invoke(member, valueOfScript ? kEither : kProperty) || !call.mayTryOtherwise();
+  if (answered || args.empty() || member == kDefaultMember) return call.answer();
   Call without(*this, {});
   if (!without.invoke(member, kProperty)) return call.answer();
   return (*without.answer().object()).invoke(kDefaultMember, Access::Get, args);

@@ -91,5 +91,33 @@ TEST(Lifetime, ManyCrossingsLeaveNothing) {
   EXPECT_EQ(objects, livingComObjects());
 }
 
+// Whether all came back as themselves.
+DWORD WINAPI crossOften(void*) {
+  CoInitialize(nullptr);
+  bool good = true;
+  for (int i = 0; i < 20000; ++i) {
+    const ObjectRef thing = makeObject<Thing>(), host = wrapDispatch(makeComObject<FakeHost>().get());
+    host.get("Anything");
+    const ComPtr<IDispatch> face = exposeObject(thing);
+    good = good && wrapDispatch(face.get()) == thing && wrapDispatch(exposeObject(host).get()) == host;
+  }
+  CoUninitialize();
+  return good;
+}
+
+TEST(Lifetime, EachApartmentHasItsOwnObjects) {
+  const long before = livingComObjects();
+  HANDLE threads[4];
+  for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, crossOften, nullptr, 0, nullptr);
+  WaitForMultipleObjects(4, threads, TRUE, INFINITE);
+  for (const HANDLE thread : threads) {
+    DWORD good = 0;
+    GetExitCodeThread(thread, &good);
+    EXPECT_EQ(1u, good);
+    CloseHandle(thread);
+  }
+  EXPECT_EQ(before, livingComObjects());
+}
+
 }  // namespace
 }  // namespace vmgv::test
