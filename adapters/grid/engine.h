@@ -60,6 +60,7 @@ class GridEngine {
     sortIfStale();
     return display_.count();
   }
+  std::size_t records() const noexcept { return records_; }  // of the source, displayed or not
   DisplayRow displayRow(std::int32_t position) const;
   // A header has the values of its own group's column and the outer ones', a footer its totals (the sum of a
   // number column without a value list, else how many values there are); Null elsewhere. Error 9 for a row of
@@ -71,7 +72,9 @@ class GridEngine {
   // As a view shows it: the value list's text, else the value as text; "" for Null. A header's whole text
   // stands in the leftmost column; a footer's counts stand in brackets.
   std::string displayText(std::int32_t position, std::int32_t column) const;
+  std::string previewText(const DisplayRow& row) const;  // "" without a preview column and of no record
   Alignment alignment(std::int32_t column) const;
+  bool isSummed(std::int32_t column) const;  // by footers
   Value recordValue(std::uint32_t record, std::int32_t column) const {
     const std::size_t place = checkedIndex(column);
     if (record >= records_) noRecord(record);
@@ -167,7 +170,6 @@ class GridEngine {
   void rearrange(Step step) const;
   void checkGroup(const DisplayRow& row) const;
   Value total(const DisplayRow& row, std::int32_t column) const;
-  bool isSummed(std::int32_t column) const;
   std::string shownText(Value value, std::int32_t column) const;
   bool showFooters();
   void settingsChanged();

@@ -96,6 +96,12 @@ std::string GridEngine::displayText(std::int32_t position, std::int32_t column) 
   return {};
 }
 
+std::string GridEngine::previewText(const DisplayRow& row) const {
+  const std::int32_t column = previewColumnIndex();
+  if (column == 0 || row.rowType != kRecordRow) return {};
+  return shownText(recordValue(row.record, column), column);
+}
+
 std::string GridEngine::groupText(const DisplayRow& row) const {
   if (row.rowType != kGroupHeaderRow) return {};
   checkGroup(row);

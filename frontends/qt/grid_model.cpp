@@ -1,9 +1,12 @@
 #include "frontends/qt/grid_model.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
 
+#include "frontends/qt/grid_texts.h"
 #include "frontends/qt/units.h"
+#include "support/automation/convert.h"
 
 namespace vmgv {
 namespace {
@@ -26,7 +29,7 @@ void GridModel::setEngine(std::shared_ptr<GridEngine> engine) {
 }
 
 bool GridModel::refresh() {
-  const std::vector<std::string> now = fields();
+  const std::vector<std::string> now = engineFields();
   if (engine_->rowCount() == rows_ && now == fields_) {
     if (rows_ > 0 && columns_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
     if (columns_ > 0) emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
@@ -40,21 +43,62 @@ bool GridModel::refresh() {
   return true;
 }
 
+// What the engine took since it last told us is not there yet.
+bool GridModel::isThere(const QModelIndex& index) const {
+  return index.isValid() && index.row() < engine_->rowCount() && index.column() < engine_->columnCount();
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-  // What the engine took since it last told us is not there yet.
-  if (!index.isValid() || index.row() >= engine_->rowCount() || index.column() >= engine_->columnCount())
-    return {};
+  if (!isThere(index)) return {};
+  const int position = positionOf(index.row());
+  return rowData(engine_->displayRow(position), position, columnOf(index.column()), role);
+}
+
+void GridModel::multiData(const QModelIndex& index, QModelRoleDataSpan roles) const {
+  const bool there = isThere(index);
+  const int position = positionOf(index.row());
+  const DisplayRow row = there ? engine_->displayRow(position) : DisplayRow();
+  for (QModelRoleData& role : roles) {
+    role.setData(there ? rowData(row, position, columnOf(index.column()), role.role()) : QVariant());
+  }
+}
+
+QVariant GridModel::rowData(const DisplayRow& row, int position, int column, int role) const {
   switch (role) {
-    case Qt::DisplayRole: return qt(engine_->displayText(positionOf(index.row()), columnOf(index.column())));
-    case Qt::TextAlignmentRole:
-      return QVariant::fromValue(qtAlignment(engine_->alignment(columnOf(index.column()))));
+    case Qt::DisplayRole: return qt(engine_->displayText(position, column));
+    case Qt::TextAlignmentRole: return QVariant::fromValue(qtAlignment(engine_->alignment(column)));
     case Qt::BackgroundRole:
-      if (engine_->settings().useEvenOddColor && index.row() % 2 == 1) {
+      if (row.rowType != kRecordRow) return QGuiApplication::palette().brush(QPalette::Button);
+      if (engine_->settings().useEvenOddColor && row.ordinal % 2 == 1) {
         return QGuiApplication::palette().brush(QPalette::AlternateBase);
       }
       return {};
+    case Qt::ForegroundRole:
+      if (row.rowType != kRecordRow) return QGuiApplication::palette().brush(QPalette::ButtonText);
+      return {};
+    case Qt::AccessibleTextRole: return accessibleText(row, position, column);
+    case Qt::AccessibleDescriptionRole: return preview(row, column);
     default: return {};
   }
+}
+
+QString GridModel::accessibleText(const DisplayRow& row, int position, int column) const {
+  const QString text = qt(engine_->displayText(position, column));
+  if (row.rowType == kRecordRow || text.isEmpty()) return text;
+  if (row.rowType == kGroupHeaderRow) return gridtexts::header(text, engine_->isExpanded(row));
+  const QString caption = qt(engine_->column(column).caption);
+  return engine_->isSummed(column)
+             ? gridtexts::sum(caption, text)
+             : gridtexts::count(caption, QString::number(toLong(engine_->rowValue(row, column))));
+}
+
+// Below a record, told with its leftmost cell.
+QString GridModel::preview(const DisplayRow& row, int column) const {
+  const std::vector<std::int32_t> shown = engine_->visibleColumns();
+  if (row.rowType != kRecordRow || engine_->previewLines() == 0 || shown.empty() || shown.front() != column) {
+    return {};
+  }
+  return qt(engine_->previewText(row));
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -67,7 +111,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   }
 }
 
-std::vector<std::string> GridModel::fields() const {
+std::vector<std::string> GridModel::engineFields() const {
   std::vector<std::string> fields;
   for (int column = 1; column <= engine_->columnCount(); ++column) {
     fields.push_back(engine_->column(column).dataField);

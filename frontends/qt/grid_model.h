@@ -21,6 +21,8 @@ class GridModel final : public QAbstractTableModel {
   // not only in another order.
   bool refresh();
 
+  const std::vector<std::string>& fields() const noexcept { return fields_; }
+
   // Sections and display positions count from 0 here, from 1 in the engine.
   static int columnOf(int section) noexcept { return section + 1; }
   static int positionOf(int row) noexcept { return row + 1; }
@@ -28,10 +30,16 @@ class GridModel final : public QAbstractTableModel {
   int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
   int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : columns_; }
   QVariant data(const QModelIndex& index, int role) const override;
+  // A row is looked up once, whatever is asked of it.
+  void multiData(const QModelIndex& index, QModelRoleDataSpan roles) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  std::vector<std::string> fields() const;
+  bool isThere(const QModelIndex& index) const;
+  QVariant rowData(const DisplayRow& row, int position, int column, int role) const;
+  QString accessibleText(const DisplayRow& row, int position, int column) const;
+  QString preview(const DisplayRow& row, int column) const;
+  std::vector<std::string> engineFields() const;
 
   std::shared_ptr<GridEngine> engine_ = std::make_shared<GridEngine>();
   int rows_ = 0, columns_ = 0;  // as the views know them

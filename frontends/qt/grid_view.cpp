@@ -1,19 +1,24 @@
 #include "frontends/qt/grid_view.h"
 
 #include <QEvent>
+#include <QPainter>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
+#include "adapters/grid/saved_view.h"
 #include "frontends/qt/grid_header.h"
+#include "frontends/qt/grid_rows.h"
 #include "frontends/qt/item_model_source.h"
 #include "frontends/qt/units.h"
+#include "support/automation/error.h"
 
 namespace vmgv {
 namespace {
 
 constexpr int kSampledRows = 200;  // looked at for a column's first width
 constexpr int kWidestLetters = 36;
-constexpr int kPadding = 8;  // of a cell's text, both sides
+constexpr int kPadding = 8;  // of a cell's text, at each side
 
 // Says that what happens to the view meanwhile is not the user's doing.
 class Following {
@@ -28,16 +33,13 @@ class Following {
   bool before_;
 };
 
-bool sameFont(const GridFont& a, const GridFont& b) {
-  return a.name == b.name && a.size == b.size && a.bold == b.bold && a.italic == b.italic &&
-         a.underline == b.underline && a.strikethrough == b.strikethrough;
-}
-
 }  // namespace
 
-GridView::GridView(QWidget* parent) : QTableView(parent), model_(new GridModel(this)) {
+GridView::GridView(QWidget* parent)
+    : QTableView(parent), model_(new GridModel(this)), header_(new GridHeader(*model_, this)) {
   QTableView::setModel(model_);
-  setHorizontalHeader(new GridHeader(*model_, this));
+  setHorizontalHeader(header_);
+  setItemDelegate(new GridDelegate(*model_, this));
   setHorizontalScrollMode(ScrollPerPixel);
   setVerticalScrollMode(ScrollPerPixel);
   setTabKeyNavigation(false);  // Tab leaves the grid
@@ -51,7 +53,7 @@ GridView::GridView(QWidget* parent) : QTableView(parent), model_(new GridModel(t
     if (!following_) engine()->setColPosition(GridModel::columnOf(section), visual + 1);
   });
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section, int, int size) {
-    if (!following_ && size > 0) engine()->setWidth(GridModel::columnOf(section), size);
+    if (!following_ && !header_->isHeld() && size > 0) engine()->setWidth(GridModel::columnOf(section), size);
   });
   reload_.setSingleShot(true);
   reload_.setInterval(0);
@@ -77,7 +79,7 @@ void GridView::setEngine(std::shared_ptr<GridEngine> engine) {
     const Following guard(following_);
     model_->setEngine(std::move(engine));
   }
-  naturalWidths_.clear();
+  measuredFields_.clear();
   refreshRows();
 }
 
@@ -115,22 +117,51 @@ void GridView::selectionChanged() { showSelection(); }
 
 void GridView::appearanceChanged() {
   showFont();
+  showHeights();
+  header_->showBox();
   showWidths();
   viewport()->update();
 }
 
 void GridView::refreshRows() {
   const Following guard(following_);
-  if (model_->refresh() || naturalWidths_.empty()) {
-    naturalWidths_.clear();
-    for (int column = 1; column <= engine()->columnCount(); ++column) {
-      naturalWidths_.push_back(naturalWidth(column));
-    }
-    showFont();
-  }
+  const QModelIndex current = currentIndex();
+  const bool others = model_->refresh();
+  measure();
+  showFont();
+  showHeights();
+  header_->showBox();
   showColumns();
   showSelection();
+  if (others && current.isValid() && model_->rowCount() > 0 && current.column() < model_->columnCount()) {
+    const int row = std::min(current.row(), model_->rowCount() - 1);
+    selectionModel()->setCurrentIndex(model_->index(row, current.column()), QItemSelectionModel::NoUpdate);
+  }
   viewport()->update();
+}
+
+// A record's preview stands in the record's own row. Qt adds up heights in an int, which many rows fill.
+void GridView::showHeights() {
+  const RowSizes sizes = RowSizes::of(*this, *engine());
+  const std::int64_t rows = std::max(1, model_->rowCount());
+  const auto most = static_cast<int>(std::numeric_limits<int>::max() / rows);
+  const int line = std::min(sizes.line, most), record = std::min(sizes.line + sizes.preview, most);
+  QHeaderView& heights = *verticalHeader();
+  const bool mixed = record != line && !engine()->groups().empty();
+  if (!mixed && !mixedHeights_ && heights.defaultSectionSize() == record) return;
+  mixedHeights_ = mixed;
+  {
+    const QSignalBlocker quiet(heights);
+    heights.setUpdatesEnabled(false);  // else each of the sizes below is worked into the view at once
+    heights.setDefaultSectionSize(record);
+    const int shown = mixed ? std::min(model_->rowCount(), engine()->rowCount()) : 0;
+    for (int row = 0; row < shown; ++row) {
+      if (engine()->displayRow(GridModel::positionOf(row)).rowType != kRecordRow)
+        heights.resizeSection(row, line);
+    }
+    heights.setUpdatesEnabled(true);
+  }
+  updateGeometries();
 }
 
 void GridView::showColumns() {
@@ -167,6 +198,17 @@ void GridView::showWidths() {
   }
 }
 
+// Anew for other columns or records only: a group that is closed hides some, but changes no width.
+void GridView::measure() {
+  if (measuredFields_ == model_->fields() && measuredRecords_ == engine()->records()) return;
+  measuredFields_ = model_->fields();
+  measuredRecords_ = engine()->records();
+  naturalWidths_.clear();
+  for (int column = 1; column <= engine()->columnCount(); ++column) {
+    naturalWidths_.push_back(naturalWidth(column));
+  }
+}
+
 int GridView::naturalWidth(int column) const {
   const QFontMetrics metrics = fontMetrics();
   const QFontMetrics header = horizontalHeader()->fontMetrics();
@@ -175,6 +217,7 @@ int GridView::naturalWidth(int column) const {
   const int rows = engine()->rowCount();
   const int step = std::max(1, rows / kSampledRows);
   for (int position = 1; position <= rows; position += step) {
+    if (engine()->displayRow(position).rowType != kRecordRow) continue;
     const QString text = qt(engine()->displayText(position, column));
     width = std::max(width, metrics.horizontalAdvance(text.left(kWidestLetters)));
   }
@@ -212,11 +255,9 @@ void GridView::selectionChanged(const QItemSelection& selected, const QItemSelec
 // The grid's font once a client sets one; until then the widget's own.
 void GridView::showFont() {
   const GridFont& font = engine()->settings().font;
-  if (!sameFont(font, font_)) {
-    font_ = font;
-    setFont(qtFont({font.name, font.size, font.bold, font.italic, font.underline, font.strikethrough, 0}));
-  }
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kPadding);
+  if (font == font_) return;
+  font_ = font;
+  setFont(qtFont({font.name, font.size, font.bold, font.italic, font.underline, font.strikethrough, 0}));
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {
@@ -227,8 +268,37 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kPadding);
+    showHeights();
   }
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  QPainter painter(viewport());
+  paintFullRows(*this, *model_, painter);
+}
+
+QByteArray GridView::saveState() const { return QByteArray::fromStdString(savedView(*engine())); }
+
+bool GridView::restoreState(const QByteArray& state, QStringList* misfits) {
+  try {
+    const Problems problems = restoreView(*engine(), state.toStdString());
+    if (misfits) {
+      for (const std::string& message : problems.messages()) misfits->append(qt(message));
+    }
+    return true;
+  } catch (const Error& error) {
+    if (misfits) misfits->append(qt(error.description()));
+    return false;
+  }
+}
+
+void GridView::undo() {
+  if (engine()->redraw() && engine()->canUndo()) engine()->undo();
+}
+
+void GridView::redo() {
+  if (engine()->redraw() && engine()->canRedo()) engine()->redo();
 }
 
 }  // namespace vmgv
