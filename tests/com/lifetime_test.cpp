@@ -61,6 +61,13 @@ TEST(Lifetime, AFaceMayOutliveItsReferences) {
 TEST(Lifetime, ManyCrossingsLeaveNothing) {
   Script script(L"VBScript",
                 "Class Host\nPublic Value\nEnd Class\nFunction Make: Set Make = New Host: End Function");
+  const auto failing = makeComObject<FakeHost>();
+  failing->answer = [](const FakeHost::Call&, VARIANT*, EXCEPINFO* exception) {
+    exception->bstrSource = SysAllocString(L"source");
+    exception->bstrDescription = SysAllocString(L"description");
+    exception->bstrHelpFile = SysAllocString(L"help file");
+    return DISP_E_EXCEPTION;
+  };
   const auto round = [&] {
     const ObjectRef thing = makeObject<Thing>(), host = script.globals.call("Make").takeObject();
     const ObjectRef dictionary = createAutomationObject("Scripting.Dictionary");
@@ -72,6 +79,7 @@ TEST(Lifetime, ManyCrossingsLeaveNothing) {
       EXPECT_EQ(value, host.get("Value"));
     }
     errorOfStep([&] { host.get("Nothing"); });
+    errorOfStep([&] { wrapDispatch(failing.get()).call("Anything"); });
     errorOfStep([&] { dictionary.call("Add", "host", 1); });
     const auto keys = (*dictionary).enumerate();
     for (Value key; keys->next(key);) {
