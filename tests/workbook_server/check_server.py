@@ -128,16 +128,14 @@ def main(run, server, client, bits):
         windows = Windows(run, folder, bits)
         dll = windows_path(server)
         before = windows.classes()
-        windows("regsvr32.exe", "/s", dll)
-        registered = windows.classes()
         windows("regsvr32.exe", "/s", "/n", "/i:" + PROG_ID, dll)
         check_script(windows)
         check_client(windows, client)
-        # somebody else's program id is left alone, and one of ours goes without the others
-        for foreign in ("Scripting.Dictionary", "a b"):
-            windows("regsvr32.exe", "/s", "/n", "/i:" + foreign, dll, status=5)
+        # somebody else's program id is left alone, and ours goes without the server's own
+        windows("regsvr32.exe", "/s", "/n", "/i:Scripting.Dictionary", dll, status=5)
         windows("regsvr32.exe", "/s", "/u", "/n", "/i:" + PROG_ID, dll)
-        unchanged("the registry without the further program id", windows.classes(), registered)
+        windows("reg.exe", "query", "HKCR\\" + PROG_ID, status=1)
+        windows("reg.exe", "query", "HKCR\\vmGridViews.Workbook")
         windows("regsvr32.exe", "/s", "/n", "/i:" + PROG_ID, dll)
         windows("regsvr32.exe", "/s", "/u", dll)
         unchanged("the registry in the end", windows.classes(), before)
