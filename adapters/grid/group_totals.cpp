@@ -1,5 +1,6 @@
 #include "adapters/grid/group_totals.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -9,9 +10,13 @@ namespace {
 template <class Sum>
 using Levels = std::vector<std::vector<Sum>>;
 
-// The innermost groups add up their records, the others their groups.
-template <class Sum, class Add>
-Levels<Sum> summed(const DisplayRows& rows, Add add) {
+// Records are far from each other in memory: each is asked for some steps before its turn.
+constexpr std::size_t kAhead = 24;
+
+// The innermost groups add up their records, the others their groups. `values` are those that add() reads.
+template <class Sum, class T, class Add>
+Levels<Sum> summed(const DisplayRows& rows, const std::vector<T>& values, Add add) {
+  const auto& records = rows.records();
   Levels<Sum> sums(rows.levels());
   for (std::size_t level = rows.levels(); level-- > 0;) {
     const bool innermost = level + 1 == rows.levels();
@@ -21,7 +26,8 @@ Levels<Sum> summed(const DisplayRows& rows, Add add) {
       Sum& sum = sums[level][group];
       for (std::uint32_t part = parts[group]; part < parts[group + 1]; ++part) {
         if (innermost) {
-          add(sum, rows.records()[part]);
+          __builtin_prefetch(&values[records[std::min(part + kAhead, records.size() - 1)]]);
+          add(sum, records[part]);
         } else {
           sum += sums[level + 1][part];
         }
@@ -56,10 +62,10 @@ Value WholeSum::value() const {
   return Decimal{low, static_cast<std::uint32_t>(high), 0, negative};
 }
 
-// Neumaier's compensated summation.
+// What rounding takes from each sum is added up beside it (Knuth's exact sum of two numbers: no branch).
 void RealSum::add(double number) noexcept {
-  const double sum = sum_ + number;
-  lost_ += std::fabs(sum_) >= std::fabs(number) ? (sum_ - sum) + number : (number - sum) + sum_;
+  const double sum = sum_ + number, added = sum - sum_;
+  lost_ += (sum_ - (sum - added)) + (number - added);
   sum_ = sum;
 }
 
@@ -89,16 +95,19 @@ Value GroupTotals::sum(const DisplayRows& rows, const ColumnData& column, std::s
   if (column.type() == ColumnType::Whole) {
     auto& wholes = totals->wholes;
     if (wholes.empty()) {  // Null is stored as zero
-      wholes = summed<WholeSum>(rows, [&](WholeSum& sum, std::uint32_t record) {
-        sum.add(column.isWide() ? column.wide()[record] : column.narrow()[record]);
-      });
+      const auto sumOf = [&](const auto& values) {
+        return summed<WholeSum>(rows, values,
+                                [&](WholeSum& sum, std::uint32_t record) { sum.add(values[record]); });
+      };
+      wholes = column.isWide() ? sumOf(column.wide()) : sumOf(column.narrow());
     }
     return wholes[level][group].value();
   }
   auto& reals = totals->reals;
   if (reals.empty()) {
+    const auto& numbers = column.numbers();
     reals =
-        summed<RealSum>(rows, [&](RealSum& sum, std::uint32_t record) { sum.add(column.numbers()[record]); });
+        summed<RealSum>(rows, numbers, [&](RealSum& sum, std::uint32_t record) { sum.add(numbers[record]); });
   }
   return reals[level][group].value();
 }
@@ -113,8 +122,14 @@ Value GroupTotals::count(const DisplayRows& rows, const ColumnData& column, std:
   if (!totals) totals = std::make_unique<Column>();
   auto& counts = totals->counts;
   if (counts.empty()) {
-    counts = summed<std::int32_t>(
-        rows, [&](std::int32_t& count, std::uint32_t record) { count += column.isNull(record) ? 0 : 1; });
+    const auto count = [&](const auto& values, auto isThere) {
+      return summed<std::int32_t>(
+          rows, values, [&](std::int32_t& sum, std::uint32_t record) { sum += isThere(record) ? 1 : 0; });
+    };
+    counts =
+        column.type() == ColumnType::Text
+            ? count(column.codes(), [&](std::uint32_t record) { return column.codes()[record] != kNullText; })
+            : count(rows.records(), [&](std::uint32_t record) { return !column.isNull(record); });
   }
   return counts[level][group];
 }

@@ -168,25 +168,64 @@ std::vector<std::vector<Part>> packed(const std::vector<Numerals>& all, unsigned
   return words;
 }
 
-// `levels` numerals of the first key, the first two and so on.
-std::vector<std::vector<std::uint32_t>> groupStarts(const std::vector<std::uint32_t>& records,
-                                                    const std::vector<Numerals>& all,
+// Finds out where neighbours in the order first differ. Most of their numerals lie in the word that was
+// sorted last, which tells without a look at the records.
+class Differences {
+ public:
+  Differences(const std::vector<Numerals>& all, const std::vector<std::vector<Part>>& words,
+              unsigned recordBits)
+      : all_(all), recordBits_(recordBits) {
+    if (words.empty()) return;
+    unsigned low = 0;
+    for (const Part& part : words.back()) low += part.bits;
+    for (const Part& part : words.back()) {
+      low -= part.bits;
+      inWord_.push_back({static_cast<std::size_t>(part.numerals - all.data()), low});
+      if (part.shift == 0) whole_ = inWord_.back().numeral + 1;
+    }
+  }
+
+  // The first numeral, of the first `count`, in which two sorted words' records differ; else `count`.
+  std::size_t first(std::uint64_t before, std::uint64_t word, std::size_t count) const {
+    if (const std::uint64_t difference = (before ^ word) >> recordBits_; difference != 0) {
+      for (const auto& [numeral, low] : inWord_) {
+        if (difference >> low != 0) return std::min(numeral, count);
+      }
+    }
+    const std::uint64_t mask = (std::uint64_t{1} << recordBits_) - 1;
+    std::size_t numeral = whole_;
+    while (numeral < count && all_[numeral].values[before & mask] == all_[numeral].values[word & mask])
+      ++numeral;
+    return std::min(numeral, count);
+  }
+
+ private:
+  struct InWord {
+    std::size_t numeral;
+    unsigned low;  // its lowest bit
+  };
+
+  const std::vector<Numerals>& all_;
+  unsigned recordBits_;
+  std::vector<InWord> inWord_;  // most significant first
+  std::size_t whole_ = 0;       // so many numerals lie in the word as a whole
+};
+
+// `levels`: how many numerals the first key has, the first two and so on.
+std::vector<std::vector<std::uint32_t>> groupStarts(const std::vector<std::uint64_t>& sorted,
+                                                    const Differences& differences,
                                                     const std::vector<std::size_t>& levels) {
   std::vector<std::vector<std::uint32_t>> starts(levels.size());
   if (levels.empty()) return starts;
-  for (std::size_t place = 0; place < records.size(); ++place) {
-    std::size_t numeral = 0;
-    if (place > 0) {
-      const std::uint32_t record = records[place], before = records[place - 1];
-      while (numeral < levels.back() && all[numeral].values[record] == all[numeral].values[before]) ++numeral;
-    }
+  for (std::size_t place = 0; place < sorted.size(); ++place) {
     std::size_t level = 0;
     if (place > 0) {
+      const std::size_t numeral = differences.first(sorted[place - 1], sorted[place], levels.back());
       while (level < levels.size() && levels[level] <= numeral) ++level;
     }
     for (; level < levels.size(); ++level) starts[level].push_back(static_cast<std::uint32_t>(place));
   }
-  for (auto& places : starts) places.push_back(static_cast<std::uint32_t>(records.size()));
+  for (auto& places : starts) places.push_back(static_cast<std::uint32_t>(sorted.size()));
   return starts;
 }
 
@@ -205,7 +244,8 @@ SortedRows sortedRows(std::span<const OrderKey> keys, std::size_t grouping, std:
   const std::uint64_t recordMask = (std::uint64_t{1} << recordBits) - 1;
   std::vector<std::uint64_t> words(rows);
   std::iota(words.begin(), words.end(), std::uint64_t{0});
-  for (const std::vector<Part>& parts : packed(all, 64 - recordBits)) {
+  const std::vector<std::vector<Part>> packing = packed(all, 64 - recordBits);
+  for (const std::vector<Part>& parts : packing) {
     unsigned bits = 0;
     for (const Part& part : parts) bits += part.bits;
     for (std::uint64_t& word : words) {
@@ -223,7 +263,7 @@ SortedRows sortedRows(std::span<const OrderKey> keys, std::size_t grouping, std:
   sorted.records.resize(rows);
   std::transform(words.begin(), words.end(), sorted.records.begin(),
                  [&](std::uint64_t word) { return static_cast<std::uint32_t>(word & recordMask); });
-  sorted.starts = groupStarts(sorted.records, all, levels);
+  sorted.starts = groupStarts(words, Differences(all, packing, recordBits), levels);
   return sorted;
 }
 
