@@ -55,9 +55,9 @@ class Binding {
   virtual void place(const RECT& pixels, const Units& units);
 
  private:
-  Control& model_;
   void followToolTip();
 
+  Control& model_;
   HWND window_ = nullptr;
   HWND toolTip_ = nullptr;  // made for the first text; the dialog owns it
   HFONT font_ = nullptr;

@@ -10,7 +10,8 @@ namespace vmgv {
 namespace {
 
 // As the system's own input, which goes to whatever window is in the foreground.
-void pressReally(std::vector<WORD> keys) {
+void pressReally(HWND dialog, const std::vector<WORD>& keys) {
+  SetForegroundWindow(dialog);
   std::vector<INPUT> inputs;
   for (const WORD key : keys) {
     INPUT input{.type = INPUT_KEYBOARD};
@@ -131,7 +132,7 @@ TEST_F(Win32Test, TheSystemsOwnKeysWalkAndClick) {
     form.down.setValue(true);
     form.events.clear();
     std::vector<Steps::Step> steps;
-    for (const auto& keys : each.keys) steps.push_back([&keys] { pressReally(keys); });
+    for (const auto& keys : each.keys) steps.push_back([&] { pressReally(dialog(), keys); });
     std::string focused;
     if (*each.focused) steps.push_back([&] { focused = desktop.focused()->address(); });
     play(form, std::move(steps));

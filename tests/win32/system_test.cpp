@@ -1,5 +1,5 @@
 // The registry, the fonts, help and automation objects of the machine.
-#include <array>
+#include <cstdlib>
 
 #include "frontends/com/text.h"
 #include "frontends/win32/win32_system.h"
@@ -104,6 +104,23 @@ TEST_F(SystemTest, AMissingHelpFileIsTold) {
   user.finish();
   EXPECT_NE(told.find("C:\\nowhere\\VMgridViews.chm"), std::string::npos) << told;
   EXPECT_EQ(told.find('>'), std::string::npos);
+}
+
+TEST_F(SystemTest, HelpOpensATopicAndTheContents) {
+  const char* file = std::getenv("HELP_FILE");
+  if (!file || !system.fileExists(file)) GTEST_SKIP() << "built without its help file";
+  wchar_t path[MAX_PATH] = L"";
+  GetFullPathNameW(wide(file).c_str(), MAX_PATH, path, nullptr);
+  SampleForm form;
+  std::intptr_t topic = 0, contents = 0;
+  play(form, {[&] {
+                topic = system.openHelp(&form, narrow(path), HelpCommand::Topic, "gridViewsSorting.htm");
+                contents = system.openHelp(&form, narrow(path), HelpCommand::Contents, "");
+              },
+              [&] { EXPECT_EQ(desktop.form(), &form) << "help does not hold the dialog up"; }});
+  EXPECT_NE(topic, 0);
+  EXPECT_NE(contents, 0);
+  EXPECT_TRUE(desktop.boxes().empty());
 }
 
 }  // namespace vmgv
