@@ -39,14 +39,28 @@ function(vmg_library name)
   target_link_libraries(${name} PUBLIC vmg_options ${arg_DEPENDS})
 endfunction()
 
+# Debian has GoogleTest for Windows as its sources alone.
+if(BUILD_TESTING AND WIN32)
+  add_subdirectory(/usr/src/googletest/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+elseif(BUILD_TESTING)
+  find_package(GTest REQUIRED)
+endif()
+
+# What most tests include, compiled once for all of them.
+if(BUILD_TESTING)
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/test_headers.cpp CONTENT "int main() {}\n")
+  add_executable(vmg_test_headers EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/test_headers.cpp)
+  target_link_libraries(vmg_test_headers PRIVATE vmg_options GTest::gtest)
+  target_precompile_headers(vmg_test_headers PRIVATE
+    <gtest/gtest.h> <filesystem> <fstream> <functional> <iostream> <map> <memory> <optional> <string> <vector>)
+endif()
+
 # vmg_test(NAME SOURCES ... [DEPENDS ...] [ENVIRONMENT ...]): a GoogleTest program; each test is a CTest case.
 # On Windows the whole program is one case: starting it for each test would cost more than the tests.
 function(vmg_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS;ENVIRONMENT")
-  if(NOT WIN32)
-    find_package(GTest REQUIRED)
-  endif()
   add_executable(${name} ${arg_SOURCES})
+  target_precompile_headers(${name} REUSE_FROM vmg_test_headers)
   target_link_libraries(${name} PRIVATE vmg_options ${arg_DEPENDS} GTest::gtest GTest::gtest_main)
   if(WIN32)
     add_test(NAME ${name} COMMAND ${name})
@@ -64,8 +78,3 @@ endif()
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${script})
   endif()
 endfunction()
-
-# Debian has GoogleTest for Windows as its sources alone.
-if(WIN32 AND BUILD_TESTING)
-  add_subdirectory(/usr/src/googletest/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
-endif()
