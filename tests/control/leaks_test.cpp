@@ -11,14 +11,14 @@ namespace {
 class Allocations final : public ComObject<IMallocSpy> {
  public:
   SIZE_T STDMETHODCALLTYPE PreAlloc(SIZE_T size) override { return size; }
-  void* STDMETHODCALLTYPE PostAlloc(void* block) override { return count += block != nullptr, block; }
-  void* STDMETHODCALLTYPE PreFree(void* block, WINBOOL) override { return count -= block != nullptr, block; }
+  void* STDMETHODCALLTYPE PostAlloc(void* block) override { return blocks += block != nullptr, block; }
+  void* STDMETHODCALLTYPE PreFree(void* block, WINBOOL) override { return blocks -= block != nullptr, block; }
   void STDMETHODCALLTYPE PostFree(WINBOOL) override {}
   SIZE_T STDMETHODCALLTYPE PreRealloc(void* block, SIZE_T size, void** out, WINBOOL) override {
-    return count -= block != nullptr, *out = block, size;
+    return blocks -= block != nullptr, *out = block, size;
   }
   void* STDMETHODCALLTYPE PostRealloc(void* block, WINBOOL) override {
-    return count += block != nullptr, block;
+    return blocks += block != nullptr, block;
   }
   void* STDMETHODCALLTYPE PreGetSize(void* block, WINBOOL) override { return block; }
   SIZE_T STDMETHODCALLTYPE PostGetSize(SIZE_T size, WINBOOL) override { return size; }
@@ -27,7 +27,7 @@ class Allocations final : public ComObject<IMallocSpy> {
   void STDMETHODCALLTYPE PreHeapMinimize() override {}
   void STDMETHODCALLTYPE PostHeapMinimize() override {}
 
-  long count = 0;
+  long blocks = 0;
 };
 
 int heapBlocks() {
@@ -62,18 +62,20 @@ int gdiObjects() {
   return objects;
 }
 
+BOOL CALLBACK count(HWND, LPARAM windows) {
+  ++*reinterpret_cast<int*>(windows);
+  return TRUE;
+}
+
+BOOL CALLBACK countWithChildren(HWND window, LPARAM windows) {
+  EnumChildWindows(window, count, windows);
+  return count(window, windows);
+}
+
 int windows() {
-  int count = 0;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM out) {
-        ++*reinterpret_cast<int*>(out);
-        EnumChildWindows(
-            window, [](HWND, LPARAM inner) { return ++*reinterpret_cast<int*>(inner), TRUE; }, out);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&count));
-  return count;
+  int number = 0;
+  EnumThreadWindows(GetCurrentThreadId(), countWithChildren, reinterpret_cast<LPARAM>(&number));
+  return number;
 }
 
 void useOne(Container& container, Bag& bag) {
@@ -106,10 +108,10 @@ TEST(Leaks, TenThousandControlsLeaveNothing) {
   const auto spy = makeComObject<Allocations>();
   ASSERT_EQ(S_OK, CoRegisterMallocSpy(spy.get()));
   for (int i = 0; i < 200; ++i) useOne(*container, *bag);  // what is made once is made
-  const long allocations = spy->count;
+  const long allocations = spy->blocks;
   const int blocks = heapBlocks(), objects = gdiObjects(), shown = windows();
   for (int i = 0; i < 10'000; ++i) useOne(*container, *bag);
-  EXPECT_EQ(allocations, spy->count);
+  EXPECT_EQ(allocations, spy->blocks);
   EXPECT_NEAR(blocks, heapBlocks(), 20);  // the system keeps a few of its own
   EXPECT_EQ(objects, gdiObjects());
   EXPECT_EQ(shown, windows());

@@ -52,11 +52,6 @@ class Registered {
 
 ComPtr<_vmgrEdit> makeControl();
 
-// Late-bound, as a script calls. Arguments are in their usual order.
-struct Outcome {
-  HRESULT result;
-  VARTYPE type;
-};
 DISPID idOf(IDispatch& object, const wchar_t* name);
 
 // Closes every dialog that opens in this thread, as by its title bar, until it goes out of scope.

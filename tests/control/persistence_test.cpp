@@ -1,8 +1,6 @@
 // What a form keeps of its control: the font alone, and only one that is not the container's.
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "tests/control/container.h"
 
 namespace vmgv::test {
