@@ -65,6 +65,7 @@ std::uint32_t DisplayRows::contentOf(std::size_t level, std::uint32_t group) con
 void DisplayRows::layOut() {
   run_ = {};
   count_ = 0;
+  ++arrangement_;
   std::uint64_t total = levels_.empty() ? records_.size() : 0;
   for (std::size_t level = levels_.size(); level-- > 0;) {
     Level& own = levels_[level];

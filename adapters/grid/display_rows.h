@@ -53,6 +53,7 @@ class DisplayRows {
   const std::vector<std::uint32_t>& starts(std::size_t level) const { return levels_[level].starts; }
   const std::vector<std::uint32_t>& children(std::size_t level) const { return levels_[level].children; }
   std::uint32_t grouping() const noexcept { return grouping_; }
+  std::uint64_t arrangement() const noexcept { return arrangement_; }  // another one whenever rows moved
 
  private:
   struct Level {
@@ -73,6 +74,7 @@ class DisplayRows {
   bool footers_ = false;
   std::int32_t count_ = 0;
   std::uint32_t grouping_ = 0;
+  std::uint64_t arrangement_ = 0;
   mutable Run run_;  // where the last record was found: rows are mostly asked for one after the other
 };
 

@@ -62,6 +62,11 @@ class GridEngine {
   }
   std::size_t records() const noexcept { return records_; }  // of the source, displayed or not
   DisplayRow displayRow(std::int32_t position) const;
+  // A number that is another one whenever rows of any type may have moved.
+  std::uint64_t arrangement() const {
+    sortIfStale();
+    return display_.arrangement();
+  }
   // A header has the values of its own group's column and the outer ones', a footer its totals (the sum of a
   // number column without a value list, else how many values there are); Null elsewhere. Error 9 for a row of
   // groups that have been made anew since.

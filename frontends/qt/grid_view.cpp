@@ -80,6 +80,7 @@ void GridView::setEngine(std::shared_ptr<GridEngine> engine) {
     model_->setEngine(std::move(engine));
   }
   measuredFields_.clear();
+  heights_ = {};
   refreshRows();
 }
 
@@ -146,18 +147,20 @@ void GridView::showHeights() {
   const std::int64_t rows = std::max(1, model_->rowCount());
   const auto most = static_cast<int>(std::numeric_limits<int>::max() / rows);
   const int line = std::min(sizes.line, most), record = std::min(sizes.line + sizes.preview, most);
-  QHeaderView& heights = *verticalHeader();
-  const bool mixed = record != line && !engine()->groups().empty();
-  if (!mixed && !mixedHeights_ && heights.defaultSectionSize() == record) return;
-  mixedHeights_ = mixed;
+  const Heights wanted{line, record, record == line ? 0 : engine()->arrangement(), model_->rowCount()};
+  if (std::exchange(heights_, wanted) == wanted) return;
   {
+    QHeaderView& heights = *verticalHeader();
     const QSignalBlocker quiet(heights);
     heights.setUpdatesEnabled(false);  // else each of the sizes below is worked into the view at once
     heights.setDefaultSectionSize(record);
-    const int shown = mixed ? std::min(model_->rowCount(), engine()->rowCount()) : 0;
+    const auto innermost = static_cast<std::int32_t>(engine()->groups().size()) - 1;
+    const int shown =
+        record == line || innermost < 0 ? 0 : std::min(model_->rowCount(), engine()->rowCount());
     for (int row = 0; row < shown; ++row) {
-      if (engine()->displayRow(GridModel::positionOf(row)).rowType != kRecordRow)
-        heights.resizeSection(row, line);
+      const DisplayRow own = engine()->displayRow(GridModel::positionOf(row));
+      if (own.rowType != kRecordRow) heights.resizeSection(row, line);
+      if (own.level == innermost && engine()->isExpanded(own)) row += engine()->recordCount(own);
     }
     heights.setUpdatesEnabled(true);
   }

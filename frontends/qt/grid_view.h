@@ -90,6 +90,14 @@ class GridView : public QTableView, private GridObserver {
   void setExpanded(int row, bool expanded);
   void goTo(int row);
 
+  struct Heights {  // of which rows, and how high
+    int line = 0, record = 0;
+    std::uint64_t arrangement = 0;  // 0 where all are alike
+    int rows = 0;
+
+    bool operator==(const Heights&) const = default;
+  };
+
   GridModel* model_;
   GridHeader* header_;
   QPointer<QAbstractItemModel> source_;
@@ -98,9 +106,9 @@ class GridView : public QTableView, private GridObserver {
   std::vector<int> naturalWidths_;           // by section
   std::vector<std::string> measuredFields_;  // of which these are the widths
   std::size_t measuredRecords_ = 0;
-  GridFont font_;              // of the engine's, as the view knows it
-  bool mixedHeights_ = false;  // records are higher than other rows
-  bool following_ = false;     // the view shows the engine's state; it is not the user who changes it
+  GridFont font_;  // of the engine's, as the view knows it
+  Heights heights_;
+  bool following_ = false;  // the view shows the engine's state; it is not the user who changes it
 };
 
 }  // namespace vmgv
