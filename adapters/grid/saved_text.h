@@ -32,4 +32,17 @@ std::string savedColor(std::int32_t color);
 std::string savedNumber(double number);
 std::optional<double> realOfWord(std::string_view word) noexcept;
 
+// Into a place, where there is a value; whether there was.
+template <class T, class U>
+bool takeInto(T& place, const std::optional<U>& value) {
+  if (value) place = static_cast<T>(*value);
+  return value.has_value();
+}
+
+template <class T>
+bool takeFontSize(T& place, std::string_view text) {
+  const auto size = realOfWord(text);
+  return size && *size > 0 && *size <= 1638 && takeInto(place, size);
+}
+
 }  // namespace vmgv

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/grid/saved_settings.h"
 #include "adapters/grid/saved_text.h"
 #include "support/automation/error.h"
 #include "support/text/utf8.h"
@@ -10,67 +11,6 @@ namespace vmgv {
 namespace {
 
 constexpr std::string_view kFirstLine = "grid view 1";
-
-// Each setting as text, and back: false where the text makes no sense.
-struct Setting {
-  const char* name;
-  std::string (*text)(const GridSettings&);
-  bool (*take)(GridSettings&, std::string_view);
-};
-
-template <class T, class U>
-bool put(T& place, const std::optional<U>& value) {
-  if (value) place = static_cast<T>(*value);
-  return value.has_value();
-}
-
-template <class T>
-bool putSize(T& place, std::string_view text) {
-  const auto size = realOfWord(text);
-  return size && *size > 0 && *size <= 1638 && put(place, size);
-}
-
-using Text = std::string_view;
-
-template <bool GridSettings::*member>
-constexpr Setting flag(const char* name) {
-  return {name, [](const GridSettings& s) { return std::string(savedFlag(s.*member)); },
-          [](GridSettings& s, Text text) { return put(s.*member, flagOfWord(text)); }};
-}
-
-template <std::int32_t GridSettings::*member>
-constexpr Setting color(const char* name) {
-  return {name, [](const GridSettings& s) { return savedColor(s.*member); },
-          [](GridSettings& s, Text text) { return put(s.*member, numberOfWord(text)); }};
-}
-
-template <bool GridFont::*member>
-constexpr Setting fontFlag(const char* name) {
-  return {name, [](const GridSettings& s) { return std::string(savedFlag(s.font.*member)); },
-          [](GridSettings& s, Text text) { return put(s.font.*member, flagOfWord(text)); }};
-}
-
-constexpr Setting kSettings[] = {
-    {"previewRowLines", [](const GridSettings& s) { return std::to_string(s.previewRowLines); },
-     [](GridSettings& s, Text text) { return put(s.previewRowLines, numberOfWord(text)); }},
-    flag<&GridSettings::useEvenOddColor>("useEvenOddColor"),
-    flag<&GridSettings::columnAutoResize>("columnAutoResize"),
-    flag<&GridSettings::groupByBoxVisible>("groupByBoxVisible"),
-    {"groupByBoxInfoText", [](const GridSettings& s) { return quotedText(s.groupByBoxInfoText); },
-     [](GridSettings& s, Text text) { return s.groupByBoxInfoText = text, true; }},
-    {"groupFooterStyle", [](const GridSettings& s) { return std::to_string(s.groupFooterStyle); },
-     [](GridSettings& s, Text text) { return put(s.groupFooterStyle, numberOfWord(text)); }},
-    color<&GridSettings::backColor>("backColor"),
-    color<&GridSettings::foreColor>("foreColor"),
-    {"fontName", [](const GridSettings& s) { return quotedText(s.font.name); },
-     [](GridSettings& s, Text text) { return s.font.name = text, true; }},
-    {"fontSize", [](const GridSettings& s) { return savedNumber(s.font.size); },
-     [](GridSettings& s, Text text) { return putSize(s.font.size, text); }},
-    fontFlag<&GridFont::bold>("fontBold"),
-    fontFlag<&GridFont::italic>("fontItalic"),
-    fontFlag<&GridFont::underline>("fontUnderline"),
-    fontFlag<&GridFont::strikethrough>("fontStrikethru"),
-};
 
 std::string keyText(const GridEngine& engine, std::int32_t column) {
   return quotedText(engine.column(column).key);
@@ -233,27 +173,25 @@ bool Reader::takeConditionWord(const SavedWord& word, FormatCondition& condition
   };
   if (word.name == "operator") {
     const auto op = numberOfWord(word.text);
-    return op && *op >= 0 && *op <= kLastOperator && put(condition.op, op);
+    return op && *op >= 0 && *op <= kLastOperator && takeInto(condition.op, op);
   }
   if (word.name == "value1") return putValue(condition.value1);
   if (word.name == "value2") return putValue(condition.value2);
-  if (word.name == "backColor") return put(style.backColor, numberOfWord(word.text));
-  if (word.name == "foreColor") return put(style.foreColor, numberOfWord(word.text));
+  if (word.name == "backColor") return takeInto(style.backColor, numberOfWord(word.text));
+  if (word.name == "foreColor") return takeInto(style.foreColor, numberOfWord(word.text));
   if (word.name == "fontName") return style.fontName = word.text, true;
-  if (word.name == "fontSize") return putSize(style.fontSize, word.text);
-  if (word.name == "fontBold") return put(style.fontBold, flagOfWord(word.text));
-  if (word.name == "fontItalic") return put(style.fontItalic, flagOfWord(word.text));
-  if (word.name == "fontUnderline") return put(style.fontUnderline, flagOfWord(word.text));
-  if (word.name == "fontStrikethru") return put(style.fontStrikethru, flagOfWord(word.text));
+  if (word.name == "fontSize") return takeFontSize(style.fontSize, word.text);
+  if (word.name == "fontBold") return takeInto(style.fontBold, flagOfWord(word.text));
+  if (word.name == "fontItalic") return takeInto(style.fontItalic, flagOfWord(word.text));
+  if (word.name == "fontUnderline") return takeInto(style.fontUnderline, flagOfWord(word.text));
+  if (word.name == "fontStrikethru") return takeInto(style.fontStrikethru, flagOfWord(word.text));
   return false;
 }
 
 void Reader::takeSetting(const Words& words) {
   const std::string& name = words[1].text;
-  const auto setting = std::find_if(std::begin(kSettings), std::end(kSettings),
-                                    [&](const Setting& known) { return name == known.name; });
-  if (setting == std::end(kSettings)) return tell("nothing is known of the setting \"" + name + '"');
-  if (words.size() < 3 || !setting->take(state_.settings, words[2].text)) {
+  if (!isSetting(name)) return tell("nothing is known of the setting \"" + name + '"');
+  if (words.size() < 3 || !takeSavedSetting(state_.settings, name, words[2].text)) {
     tell("the setting \"" + name + "\" has no value that makes sense");
   }
 }
@@ -293,9 +231,7 @@ std::string savedView(const GridEngine& engine) {
   std::vector<std::int32_t> preview;
   if (const std::int32_t index = engine.previewColumnIndex(); index != 0) preview.push_back(index);
   add("preview", preview, [&](std::int32_t index) { return "preview " + keyText(engine, index); });
-  for (const Setting& setting : kSettings) {
-    text += std::string("set ") + setting.name + ' ' + setting.text(state.settings) + '\n';
-  }
+  for (const auto& [name, value] : savedSettings(state.settings)) text += "set " + name + ' ' + value + '\n';
   return text;
 }
 
