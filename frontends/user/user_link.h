@@ -21,7 +21,7 @@ struct UserAct {
     Pick,
     Picture
   };
-  Kind kind;
+  Kind kind = Kind::Click;
   Control* control = nullptr;
   int number = 0;                   // the entry, the key or the message's result
   int shift = 0;                    // of a key
@@ -36,14 +36,12 @@ struct ActFailure {
 
 class UserLink {
  public:
+  virtual ~UserLink() = default;
   virtual Form* form() noexcept = 0;
   virtual const Box* box() noexcept = 0;
   virtual Control* focused() noexcept = 0;
   virtual IdleHandler* setIdleHandler(IdleHandler* handler) noexcept = 0;
   virtual std::optional<ActFailure> act(const UserAct& act) noexcept = 0;
-
- protected:
-  ~UserLink() = default;
 };
 
 // The near end, in the module that has the user, whom it does not own.

@@ -16,9 +16,6 @@ class ScriptLink : public UserLink {
   // Makes the objects of programs in place of the system. Gives a reference, or null for one not installed.
   using ObjectMaker = IDispatch* (*)(void* context, const char* programId) noexcept;
   virtual void setObjectMaker(ObjectMaker maker, void* context) noexcept = 0;
-
- protected:
-  ~ScriptLink() = default;
 };
 
 // vmGridViews.dll exports this one by the name kScriptLinkExport: the link to the calling thread's dialogs,
