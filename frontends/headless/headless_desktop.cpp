@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "frontends/headless/natural_size.h"
+#include "frontends/headless/tab_order.h"
 #include "support/automation/error.h"
 
 namespace vmgv {
@@ -30,7 +31,8 @@ void HeadlessDesktop::showModal(Form& form) {
   if (std::any_of(shown_.begin(), shown_.end(), same)) {
     throw Error(kAlreadyShown, form.name() + " is already shown");
   }
-  const OnTop place(shown_, {&form, form.initialFocus, nullptr});
+  const OnTop place(shown_, {&form, nullptr});
+  form.focusMoved(form.initialFocus ? form.initialFocus : nextStop(form, nullptr));
   while (form.isOpen()) {
     if (somebodyActs()) continue;
     form.closeByUser();
@@ -58,7 +60,7 @@ std::optional<std::string> HeadlessDesktop::pickFile(const FileRequest& request)
 
 void HeadlessDesktop::waitFor(OpenBox& box) {
   boxes_.push_back(box.box);
-  const OnTop place(shown_, {nullptr, nullptr, &box});
+  const OnTop place(shown_, {nullptr, &box});
   while (!box.answered && somebodyActs()) {
   }
 }

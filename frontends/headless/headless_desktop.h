@@ -29,6 +29,7 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   const Box* box() override;
   void click(Control& control) override;
   void doubleClick(Control& control) override;
+  void doubleClick(Control& list, int entry) override;
   void choose(Control& control, int entry) override;
   void enter(Control& control, const std::string& text) override;
   void press(Control& control, Key key, int shift) override;
@@ -52,7 +53,6 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   };
   struct Shown {  // a form or a box
     Form* form = nullptr;
-    Control* focused = nullptr;
     OpenBox* box = nullptr;
   };
   class OnTop;  // keeps one Shown on the stack
@@ -63,6 +63,7 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   OpenBox& topBox(Box::Kind kind);
   void requireOnTop(const Control& control);
   void moveFocus(bool backwards);
+  static void moveFocusTo(Control& control);
 
   IdleHandler* idle_ = nullptr;
   std::vector<Shown> shown_;

@@ -9,66 +9,63 @@
 namespace vmgv {
 namespace {
 
-// A click of the mouse on each kind.
+// What a click of the mouse does to each kind that takes one.
 class Click final : public ControlVisitor {
  public:
   void visit(CheckBox& box) override { box.click(); }
   void visit(ComboBox&) override {}  // drops its list down
   void visit(CommandButton& button) override { button.click(); }
-  void visit(Frame& frame) override { refuse(frame); }
-  void visit(Label& label) override { refuse(label); }
-  void visit(Line& line) override { refuse(line); }
+  void visit(Frame&) override {}
+  void visit(Label&) override {}
+  void visit(Line&) override {}
+  void visit(ListBox&) override {}
+  void visit(ListView&) override {}
+  void visit(Menu&) override {}
   void visit(OptionButton& button) override { button.click(); }
-  void visit(PictureBox& box) override { refuse(box); }
-  void visit(ProgressBar& bar) override { refuse(bar); }
+  void visit(PictureBox&) override {}
+  void visit(ProgressBar&) override {}
   void visit(TextBox&) override {}
-
- private:
-  [[noreturn]] static void refuse(const Control& control) {
-    throw CannotDo(control.address() + ", a " + std::string(control.typeName()) +
-                   ", does not react to clicks");
-  }
 };
 
-template <class Kind>
-Kind& require(Control& control, const char* what) {
-  if (auto* kind = dynamic_cast<Kind*>(&control)) return *kind;
-  throw CannotDo(control.address() + " is no " + what);
-}
-
-void chooseEntry(ComboBox& combo, int entry) {
-  const auto count = static_cast<int>(combo.items().size());
-  if (entry < 0 || entry >= count) {
-    throw CannotDo(combo.address() + " has " + std::to_string(count) + " entries, none at " +
-                   std::to_string(entry));
-  }
-  combo.choose(entry);
-}
-
 // What a control does by itself with a key; false where the key is not for it.
-bool useKey(ComboBox& combo, Key key) {
+bool useKey(ListControl& list, Key key) {
   if (key != Key::Up && key != Key::Down) return false;
-  const int entry = combo.listIndex() + (key == Key::Down ? 1 : -1);
-  if (entry >= 0 && entry < static_cast<int>(combo.items().size())) combo.setListIndex(entry);
+  const int entry = list.listIndex() + (key == Key::Down ? 1 : -1);
+  if (entry >= 0 && entry < list.listCount()) list.setListIndex(entry);
   return true;
 }
 
-// The caret stands behind the last character.
-bool useKey(TextBox& box, Key key, int shift) {
+std::size_t bytesOf(std::string_view text, int characters) {
+  std::string_view rest = text;
+  while (characters-- > 0 && !rest.empty()) takeCodePoint(rest);
+  return text.size() - rest.size();
+}
+
+// In place of what is selected, else behind the last character, where the caret stands.
+void insert(TextBox& box, std::string_view typed) {
   std::string text = box.text();
+  const std::size_t begin = box.selLength() > 0 ? bytesOf(text, box.selStart()) : text.size();
+  const std::size_t end = box.selLength() > 0 ? bytesOf(text, box.selStart() + box.selLength()) : text.size();
+  box.setText(text.replace(begin, end - begin, typed));
+}
+
+bool useKey(TextBox& box, Key key, int shift) {
   const auto code = static_cast<int>(key);
   const bool letter = code >= 'A' && code <= 'Z', digit = code >= '0' && code <= '9';
-  if (key == Key::Backspace) {
-    while (!text.empty() && (text.back() & 0xC0) == 0x80) text.pop_back();
-    if (!text.empty()) text.pop_back();
+  if (key == Key::Backspace || key == Key::Delete) {
+    if (key == Key::Backspace && box.discards(static_cast<char32_t>(code))) return true;
+    if (box.selLength() == 0 && key == Key::Backspace && !box.text().empty()) {
+      box.select(static_cast<int>(countCharacters(box.text())) - 1, 1);
+    }
+    if (box.selLength() > 0) insert(box, {});
   } else if (letter || digit || key == Key::Space) {
     if (shift & (kControl | kAlt)) return false;
     if (digit && shift != 0) return false;  // which sign that gives is the keyboard layout's affair
-    text += static_cast<char>(letter && shift == 0 ? code + 32 : code);
+    const auto character = static_cast<char>(letter && shift == 0 ? code + 32 : code);
+    if (!box.discards(static_cast<char32_t>(character))) insert(box, {&character, 1});
   } else {
     return false;
   }
-  box.setText(std::move(text));
   return true;
 }
 
@@ -102,45 +99,56 @@ void HeadlessDesktop::requireOnTop(const Control& control) {
 void HeadlessDesktop::click(Control& control) {
   requireOnTop(control);
   requireUsable(control);
-  if (control.focusable()) shown_.back().focused = &control;
+  requireClickable(control);
+  moveFocusTo(control);
   Click visitor;
   control.accept(visitor);
 }
 
 void HeadlessDesktop::doubleClick(Control& control) {
   click(control);
-  // No kind reacts to the double click itself: it is a second click, where the first left something to click.
+  // Most kinds take a double click for a second one, where the first left something to click.
   if (form() == &control.form() && canTakeFocus(control)) click(control);
+}
+
+void HeadlessDesktop::doubleClick(Control& list, int entry) {
+  focus(list);
+  requireEntry(list, entry).choose(entry);
+  auto* box = dynamic_cast<ListBox*>(&list);
+  if (box && form() == &list.form() && canTakeFocus(list)) box->doubleClick(entry);
 }
 
 void HeadlessDesktop::choose(Control& control, int entry) {
   focus(control);
-  chooseEntry(require<ComboBox>(control, "list"), entry);
+  requireEntry(control, entry).choose(entry);
 }
 
 void HeadlessDesktop::enter(Control& control, const std::string& text) {
   focus(control);
-  auto& box = require<TextBox>(control, "field");
+  auto* box = dynamic_cast<TextBox*>(&control);
+  if (!box) throw CannotDo(control.address() + " is no field");
   if (text.find_first_of("\r\n") != std::string::npos) throw CannotDo(control.address() + " takes one line");
   if (!isUtf8(text)) throw CannotDo("the text is not UTF-8");
-  if (text.empty()) box.setText({});
+  if (text.empty()) box->setText({});
+  std::string typed;
   std::string_view rest = text;
   while (!rest.empty()) {
-    takeCodePoint(rest);
-    box.setText(text.substr(0, text.size() - rest.size()));
+    const std::string_view before = rest;
+    if (box->discards(takeCodePoint(rest).value_or(0))) continue;
+    box->setText(typed += before.substr(0, before.size() - rest.size()));
   }
   if (form() == &control.form()) moveFocus(false);
 }
 
 void HeadlessDesktop::press(Control& control, Key key, int shift) {
   focus(control);
-  if (auto* combo = dynamic_cast<ComboBox*>(&control); combo && shift == 0 && useKey(*combo, key)) return;
+  if (auto* list = dynamic_cast<ListControl*>(&control); list && shift == 0 && useKey(*list, key)) return;
   if (auto* box = dynamic_cast<TextBox*>(&control); box && useKey(*box, key, shift)) return;
   if (auto* option = dynamic_cast<OptionButton*>(&control); option && shift == 0) {
     const bool backwards = key == Key::Left || key == Key::Up;
     if (backwards || key == Key::Right || key == Key::Down) {
       OptionButton& next = nextOption(*option, backwards);
-      shown_.back().focused = &next;
+      moveFocusTo(next);
       next.click();
       return;
     }
@@ -158,20 +166,26 @@ void HeadlessDesktop::focus(Control& control) {
   requireOnTop(control);
   requireUsable(control);
   if (!control.focusable()) throw CannotDo(control.address() + " does not take the focus");
-  shown_.back().focused = &control;
+  moveFocusTo(control);
 }
 
 // What was disabled or hidden under the focus passes it on.
 Control* HeadlessDesktop::focused() {
-  if (!form()) return nullptr;
-  Shown& top = shown_.back();
-  if (!top.focused || !canTakeFocus(*top.focused)) top.focused = nextStop(*top.form, top.focused);
-  return top.focused;
+  Form* top = form();
+  if (!top) return nullptr;
+  Control* active = top->activeControl();
+  if (active && canTakeFocus(*active)) return active;
+  top->focusMoved(nextStop(*top, active));
+  return top->activeControl();
 }
 
 void HeadlessDesktop::moveFocus(bool backwards) {
-  Shown& top = shown_.back();
-  if (Control* next = nextStop(*top.form, top.focused, backwards)) top.focused = next;
+  Form& top = *shown_.back().form;
+  if (Control* next = nextStop(top, top.activeControl(), backwards)) moveFocusTo(*next);
+}
+
+void HeadlessDesktop::moveFocusTo(Control& control) {
+  if (Control* left = control.form().focusMoved(&control)) left->loseFocus();
 }
 
 void HeadlessDesktop::resize(Size size) {

@@ -15,6 +15,7 @@ constexpr int kIndicatorWidth = 12, kChoiceHeight = 10;
 constexpr int kFieldPadding = 6, kArrowWidth = 12;
 constexpr int kBarWidth = 107, kBarHeight = 8;
 constexpr int kFramePadding = 8, kLineOfText = 8;
+constexpr int kEntryHeight = 9, kHeaderHeight = 12;
 
 class Measure final : public ControlVisitor {
  public:
@@ -29,8 +30,16 @@ class Measure final : public ControlVisitor {
   }
   void visit(TextBox& box) override { set(letters(box.columns) + x(kFieldPadding), y(kFieldHeight)); }
   void visit(CommandButton& button) override {
+    if (button.picture != CommandButton::Picture::None) return set(y(kFieldHeight), y(kFieldHeight));
     const TextExtent text = measureText(button.caption(), font_);
     set(std::max(x(kButtonWidth), text.width + x(kButtonPadding)), y(kFieldHeight));
+  }
+  void visit(ListBox& list) override { set(letters(list.columns) + x(kArrowWidth), entries(list.rows)); }
+  void visit(ListView& list) override {
+    set(letters(list.columns) + x(kArrowWidth), entries(list.rows) + y(kHeaderHeight));
+  }
+  void visit(Menu& menu) override {
+    set(measureText(menu.caption(), font_).width + 2 * x(kFramePadding), y(kHeaderHeight));
   }
   void visit(Label& label) override {
     const TextExtent text = measureText(label.caption(), font_);
@@ -48,6 +57,7 @@ class Measure final : public ControlVisitor {
   double x(int units) const { return units * averageAdvance(font_) / 4; }
   double y(int units) const { return units * lineHeight(font_) / 8; }
   double letters(int count) const { return count * averageAdvance(font_); }
+  double entries(int count) const { return count * y(kEntryHeight) + x(kFieldPadding); }
   void choice(const Control& control) {
     set(x(kIndicatorWidth) + measureText(control.caption(), font_).width, y(kChoiceHeight));
   }

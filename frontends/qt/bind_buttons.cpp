@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionButton>
+#include <QStylePainter>
 #include <algorithm>
 
 #include "frontends/qt/binding.h"
@@ -15,7 +16,28 @@ namespace {
 constexpr int kLeastLetters = 13;  // that fit on a push button
 constexpr int kRoomLetters = 4;    // around the words
 
-class PushBinding final : public BindingOf<CommandButton, QPushButton> {
+// Draws an arrow as the style does, so that it follows palette and scale.
+class PushButton final : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+  CommandButton::Picture picture = CommandButton::Picture::None;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QPushButton::paintEvent(event);
+    if (picture == CommandButton::Picture::None) return;
+    QStyleOption option;
+    option.initFrom(this);
+    const int side = fontMetrics().height();
+    option.rect = QRect(0, 0, side, side);
+    option.rect.moveCenter(rect().center());
+    const bool up = picture == CommandButton::Picture::ArrowUp;
+    QStylePainter(this).drawPrimitive(up ? QStyle::PE_IndicatorArrowUp : QStyle::PE_IndicatorArrowDown,
+                                      option);
+  }
+};
+
+class PushBinding final : public BindingOf<CommandButton, PushButton> {
  public:
   PushBinding(CommandButton& button, QWidget& parent, UserActs& acts) : BindingOf(button, parent) {
     view_.setAutoDefault(false);
@@ -26,6 +48,7 @@ class PushBinding final : public BindingOf<CommandButton, QPushButton> {
   // Styles widen every button for a word; one that shows a sign is better as narrow as the sign.
   QSize naturalSize() const override {
     const QSize hint = view_.sizeHint();
+    if (view_.picture != CommandButton::Picture::None) return {hint.height(), hint.height()};
     const QString caption = qt(control_.caption());
     if (std::any_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetter(); })) {
       return {comfortableWidth(view_), hint.height()};
@@ -38,6 +61,7 @@ class PushBinding final : public BindingOf<CommandButton, QPushButton> {
   void followContent() override {
     view_.setText(plainCaption(control_.caption()));
     view_.setDefault(control_.isDefault);
+    view_.picture = control_.picture;
   }
 };
 

@@ -6,6 +6,8 @@
 #include <QProxyStyle>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionFrame>
+#include <algorithm>
+#include <utility>
 
 #include "frontends/qt/binding.h"
 
@@ -96,7 +98,24 @@ class TextBinding final : public BindingOf<TextBox, QLineEdit> {
   void followContent() override {
     const QString text = qt(control_.text());
     if (view_.text() != text) view_.setText(text);
+    const std::pair wanted(control_.selStart(), control_.selLength());
+    if (std::exchange(selected_, wanted) != wanted && wanted.second > 0) select(text, wanted);
   }
+
+ private:
+  // Characters beyond the basic plane count twice here.
+  void select(const QString& text, std::pair<int, int> characters) {
+    const QList<uint> all = text.toUcs4();
+    const auto units = [&all](int from, int count) {
+      return static_cast<int>(
+          QString::fromUcs4(reinterpret_cast<const char32_t*>(all.data()) + from, count).size());
+    };
+    const int start = std::min(characters.first, static_cast<int>(all.size()));
+    const int count = std::min(characters.second, static_cast<int>(all.size()) - start);
+    view_.setSelection(units(0, start), units(start, count));
+  }
+
+  std::pair<int, int> selected_{0, 0};  // what code selected last
 };
 
 }  // namespace

@@ -15,6 +15,9 @@ class Binder final : public ControlVisitor {
   void visit(Frame& control) override { make(control); }
   void visit(Label& control) override { make(control); }
   void visit(Line& control) override { make(control); }
+  void visit(ListBox& control) override { make(control); }
+  void visit(ListView& control) override { make(control); }
+  void visit(Menu& control) override { make(control); }
   void visit(OptionButton& control) override { make(control); }
   void visit(PictureBox& control) override { make(control); }
   void visit(ProgressBar& control) override { make(control); }

@@ -65,6 +65,9 @@ std::unique_ptr<Binding> bind(CommandButton& button, QWidget& parent, UserActs& 
 std::unique_ptr<Binding> bind(Frame& frame, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(Label& label, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(Line& line, QWidget& parent, UserActs& acts);
+std::unique_ptr<Binding> bind(ListBox& list, QWidget& parent, UserActs& acts);
+std::unique_ptr<Binding> bind(ListView& list, QWidget& parent, UserActs& acts);
+std::unique_ptr<Binding> bind(Menu& menu, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(OptionButton& button, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(PictureBox& box, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(ProgressBar& bar, QWidget& parent, UserActs& acts);

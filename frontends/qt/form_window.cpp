@@ -1,7 +1,9 @@
 #include "frontends/qt/form_window.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QTimer>
 #include <algorithm>
 
 #include "frontends/qt/keys.h"
@@ -131,12 +133,54 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const auto found = controls_.find(watched);
-    if (found != controls_.end() && pressKey(found->second, static_cast<const QKeyEvent&>(*event)))
-      return true;
+  const auto found = controls_.find(watched);
+  if (found == controls_.end()) return QDialog::eventFilter(watched, event);
+  Control& control = *found->second;
+  switch (event->type()) {
+    case QEvent::FocusIn: focusArrived(control); break;
+    case QEvent::KeyPress: {
+      const auto& key = static_cast<const QKeyEvent&>(*event);
+      if (pressKey(&control, key) || discards(control, key)) return true;
+      break;
+    }
+    default: break;
   }
   return QDialog::eventFilter(watched, event);
+}
+
+void FormWindow::focusArrived(Control& control) {
+  Control* left = form_.focusMoved(&control);
+  if (!left || !left->onLostFocus) return;
+  left_ = left;
+  QMetaObject::invokeMethod(this, &FormWindow::tellLeftSoon, Qt::QueuedConnection);
+}
+
+// What the handler may show would take the mouse away from a button that is held down.
+void FormWindow::tellLeftSoon() {
+  constexpr int kLookAgain = 20;  // ms
+  if (left_ && QGuiApplication::mouseButtons() != Qt::NoButton) {
+    QTimer::singleShot(kLookAgain, this, &FormWindow::tellLeftSoon);
+  } else {
+    tellLeft();
+  }
+}
+
+void FormWindow::tellLeft() {
+  Control* left = std::exchange(left_, nullptr);
+  if (left && form_.isOpen()) acts_.run([left] { left->loseFocus(); });
+}
+
+// Keys that only move, and those that the form is asked about, have no character.
+bool FormWindow::discards(Control& control, const QKeyEvent& event) {
+  const auto* box = dynamic_cast<TextBox*>(&control);
+  if (!box || event.key() == Qt::Key_Delete) return false;
+  const std::optional<Key> key = formKey(event);
+  if (key == Key::Tab) return false;
+  char32_t character = key == Key::Backspace ? U'\b' : 0;
+  if (character == 0 && !event.text().isEmpty()) character = event.text().toUcs4().constFirst();
+  bool discarded = false;
+  if (character != 0) acts_.run([&] { discarded = box->discards(character); });
+  return discarded;
 }
 
 bool FormWindow::pressKey(Control* focused, const QKeyEvent& event) {

@@ -27,6 +27,9 @@ class FormWindow final : public QDialog {
   // Returns when the form is closed, or the application ends.
   void run();
 
+  // Tells the control that the focus left, before the user's next act at the latest.
+  void tellLeft();
+
   void reject() override;  // Qt's own ways of closing a dialog
 
  protected:
@@ -39,12 +42,16 @@ class FormWindow final : public QDialog {
   void orderTabs();
   void focusFirst();
   bool pressKey(Control* focused, const QKeyEvent& event);
+  bool discards(Control& control, const QKeyEvent& event);
+  void focusArrived(Control& control);
+  void tellLeftSoon();
 
   Form& form_;
   UserActs& acts_;
   Units units_;
   std::unordered_map<const Control*, std::unique_ptr<Binding>> bindings_;
   std::unordered_map<const QObject*, Control*> controls_;  // by their widgets
+  Control* left_ = nullptr;                                // what the focus left, as long as it does not know
   QEventLoop loop_;
 };
 

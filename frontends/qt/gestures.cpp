@@ -20,10 +20,18 @@ QWidget& widgetUnder(QWidget& target, QPoint point) {
                                                   : std::string(" lies outside of its window")));
 }
 
+// Events of a program do not move the focus as those of a mouse do.
+void focusByMouse(QWidget& hit) {
+  for (QWidget* at = &hit; at; at = at->isWindow() ? nullptr : at->parentWidget()) {
+    if (at->isEnabled() && (at->focusPolicy() & Qt::ClickFocus)) return at->setFocus(Qt::MouseFocusReason);
+  }
+}
+
 void mouse(QWidget& hit, QPoint global, std::initializer_list<QEvent::Type> events) {
   const QPointer<QWidget> alive(&hit);
   for (const QEvent::Type type : events) {
     if (!alive) return;
+    if (type == QEvent::MouseButtonPress) focusByMouse(hit);
     const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, hit.mapFromGlobal(global), global, Qt::LeftButton, held, Qt::NoModifier);
     QCoreApplication::sendEvent(&hit, &event);

@@ -77,6 +77,7 @@ void QtDesktop::run(const std::function<void()>& act) noexcept {
     }
   };
   try {
+    if (!shown_.empty() && shown_.back().window) shown_.back().window->tellLeft();
     act();
   } catch (const std::exception& error) {
     tell(error.what());

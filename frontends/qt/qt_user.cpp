@@ -85,10 +85,7 @@ Binding& QtDesktop::bindingOnTop(Control& control) {
 
 void QtDesktop::click(Control& control) {
   const Binding& binding = bindingOnTop(control);
-  if (!control.focusable()) {
-    throw CannotDo(control.address() + ", a " + std::string(control.typeName()) +
-                   ", does not react to clicks");
-  }
+  requireClickable(control);
   gestures::click(binding.widget(), binding.target());
 }
 
@@ -98,18 +95,28 @@ void QtDesktop::doubleClick(Control& control) {
   gestures::doubleClick(binding.widget(), binding.target());
 }
 
-// Drops the list down by the keyboard, walks to the entry and takes it.
+void QtDesktop::doubleClick(Control& list, int entry) {
+  requireEntry(list, entry);
+  auto* view = qobject_cast<QAbstractItemView*>(&bindingOnTop(list).widget());
+  if (!view) throw CannotDo(list.address() + " is no open list");
+  const QModelIndex index = view->model()->index(entry, 0);
+  view->scrollTo(index);
+  gestures::doubleClick(*view->viewport(), view->visualRect(index).center());
+}
+
+// A closed list is dropped down by the keyboard; the user walks to the entry and takes it.
 void QtDesktop::choose(Control& control, int entry) {
   focus(control);
-  auto* combo = qobject_cast<QComboBox*>(&bindingOnTop(control).widget());
-  if (!combo) throw CannotDo(control.address() + " is no list");
-  if (entry < 0 || entry >= combo->count()) {
-    throw CannotDo(control.address() + " has " + std::to_string(combo->count()) + " entries, none at " +
-                   std::to_string(entry));
+  const ListControl& list = requireEntry(control, entry);
+  QWidget& widget = bindingOnTop(control).widget();
+  if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
+    gestures::press(*combo, Qt::Key_Down, Qt::AltModifier);
+    walkTo(*combo->view(), entry, list.listCount());
+    gestures::press(*combo->view(), Qt::Key_Return);
+  } else {
+    gestures::press(widget, Qt::Key_Home);
+    walkTo(widget, entry, list.listCount());
   }
-  gestures::press(*combo, Qt::Key_Down, Qt::AltModifier);
-  walkTo(*combo->view(), entry, combo->count());
-  gestures::press(*combo->view(), Qt::Key_Return);
 }
 
 void QtDesktop::enter(Control& control, const std::string& text) {
@@ -118,7 +125,8 @@ void QtDesktop::enter(Control& control, const std::string& text) {
   if (!field) throw CannotDo(control.address() + " is no field");
   if (text.find_first_of("\r\n") != std::string::npos) throw CannotDo(control.address() + " takes one line");
   if (!isUtf8(text)) throw CannotDo("the text is not UTF-8");
-  gestures::press(*field, Qt::Key_A, Qt::ControlModifier);
+  gestures::press(*field, Qt::Key_Home);
+  gestures::press(*field, Qt::Key_End, Qt::ShiftModifier);
   if (text.empty()) gestures::press(*field, Qt::Key_Delete);
   gestures::type(*field, qt(text));
   if (form() == &control.form()) gestures::press(*field, Qt::Key_Tab);

@@ -16,4 +16,20 @@ void requireUsable(const Control& control) {
   }
 }
 
+ListControl& requireEntry(Control& control, int entry) {
+  auto* list = dynamic_cast<ListControl*>(&control);
+  if (!list) throw CannotDo(control.address() + " is no list");
+  if (entry >= 0 && entry < list->listCount()) return *list;
+  throw CannotDo(control.address() + " has " + std::to_string(list->listCount()) + " entries, none at " +
+                 std::to_string(entry));
+}
+
+void requireClickable(const Control& control) {
+  const bool openList =
+      dynamic_cast<const ListControl*>(&control) && !dynamic_cast<const ComboBox*>(&control);
+  if (openList) throw CannotDo(control.address() + " is clicked at an entry: choose one");
+  if (control.focusable()) return;
+  throw CannotDo(control.address() + ", a " + std::string(control.typeName()) + ", does not react to clicks");
+}
+
 }  // namespace vmgv

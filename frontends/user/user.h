@@ -51,7 +51,8 @@ class User {
 
   virtual void click(Control& control) = 0;
   virtual void doubleClick(Control& control) = 0;
-  virtual void choose(Control& control, int entry) = 0;  // of a list, from 0
+  virtual void doubleClick(Control& list, int entry) = 0;  // of an open list, from 0
+  virtual void choose(Control& control, int entry) = 0;    // of a list, from 0
   // Into the field, all replaced, keys, out of the field.
   virtual void enter(Control& control, const std::string& text) = 0;
   virtual void press(Control& control, Key key, int shift) = 0;
@@ -74,5 +75,10 @@ class User {
 // Visible and enabled, with its containers: what a user can act on, on every front end.
 bool isUsable(const Control& control);
 void requireUsable(const Control& control);  // throws CannotDo
+
+// A control as the list that an act needs; throws CannotDo where it is none or has no such entry.
+ListControl& requireEntry(Control& control, int entry);
+// An open list takes clicks on its entries; throws CannotDo for it and for what takes none at all.
+void requireClickable(const Control& control);
 
 }  // namespace vmgv

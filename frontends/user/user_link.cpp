@@ -9,6 +9,7 @@ void carryOut(User& user, const UserAct& act) {
   switch (act.kind) {
     case UserAct::Kind::Click: return user.click(*act.control);
     case UserAct::Kind::DoubleClick: return user.doubleClick(*act.control);
+    case UserAct::Kind::DoubleClickEntry: return user.doubleClick(*act.control, act.number);
     case UserAct::Kind::Choose: return user.choose(*act.control, act.number);
     case UserAct::Kind::Enter: return user.enter(*act.control, *act.text);
     case UserAct::Kind::Press: return user.press(*act.control, static_cast<Key>(act.number), act.shift);

@@ -11,6 +11,7 @@ struct UserAct {
   enum class Kind {
     Click,
     DoubleClick,
+    DoubleClickEntry,
     Choose,
     Enter,
     Press,
@@ -70,6 +71,9 @@ class LinkedUser final : public User {
   const Box* box() override { return link_.box(); }
   void click(Control& control) override { act({UserAct::Kind::Click, &control}); }
   void doubleClick(Control& control) override { act({UserAct::Kind::DoubleClick, &control}); }
+  void doubleClick(Control& list, int entry) override {
+    act({UserAct::Kind::DoubleClickEntry, &list, entry});
+  }
   void choose(Control& control, int entry) override { act({UserAct::Kind::Choose, &control, entry}); }
   void enter(Control& control, const std::string& text) override;
   void press(Control& control, Key key, int shift) override;

@@ -1,4 +1,7 @@
 // Push buttons, check boxes and option buttons.
+#include <utility>
+
+#include "frontends/win32/arrow_icon.h"
 #include "frontends/win32/binding.h"
 #include "support/forms/form.h"
 
@@ -8,7 +11,10 @@ namespace {
 class PushBinding final : public BindingOf<CommandButton> {
  public:
   PushBinding(CommandButton& button, HWND parent)
-      : BindingOf(button, parent, {L"BUTTON", BS_PUSHBUTTON | BS_NOTIFY | WS_TABSTOP | WS_GROUP}) {}
+      : BindingOf(button, parent,
+                  {L"BUTTON", BS_PUSHBUTTON | BS_NOTIFY | WS_TABSTOP | WS_GROUP |
+                                  (button.picture == CommandButton::Picture::None ? 0ul : BS_ICON)}) {}
+  ~PushBinding() override { DestroyIcon(icon_); }
 
   // A button that notifies of its focus tells a double click instead of a second one.
   void notified(int code) override {
@@ -16,7 +22,25 @@ class PushBinding final : public BindingOf<CommandButton> {
   }
 
  protected:
-  void followContent() override { showText(plainCaption(control_.caption())); }
+  // The words under a picture are for assistive technology.
+  void followContent() override {
+    const bool words = control_.picture == CommandButton::Picture::None;
+    showText(plainCaption(words ? control_.caption() : control_.accessibleName()));
+  }
+
+  void place(const RECT& pixels, const Units& units) override {
+    Binding::place(pixels, units);
+    if (control_.picture == CommandButton::Picture::None) return;
+    const HICON icon =
+        arrowIcon(control_.picture == CommandButton::Picture::ArrowUp, units.scaled(kArrowPixels));
+    send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
+    DestroyIcon(std::exchange(icon_, icon));
+  }
+
+ private:
+  static constexpr int kArrowPixels = 9;  // on a usual monitor
+
+  HICON icon_ = nullptr;
 };
 
 class CheckBinding final : public BindingOf<CheckBox> {

@@ -9,6 +9,7 @@
 
 #include "frontends/com/text.h"
 #include "frontends/win32/binding.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {
@@ -110,7 +111,21 @@ class TextBinding final : public BindingOf<TextBox> {
  protected:
   void followContent() override {
     if (narrow(text()) != control_.text()) showText(wide(control_.text()));
+    const std::pair wanted(control_.selStart(), control_.selLength());
+    if (std::exchange(selected_, wanted) == wanted || wanted.second <= 0) return;
+    const auto start = unitsIn(wanted.first), end = unitsIn(wanted.first + wanted.second);
+    send(EM_SETSEL, start, static_cast<LPARAM>(end));
   }
+
+ private:
+  // Characters beyond the basic plane count twice here.
+  WPARAM unitsIn(int characters) const {
+    std::string_view rest = control_.text();
+    while (characters-- > 0 && !rest.empty()) takeCodePoint(rest);
+    return wide(control_.text().substr(0, control_.text().size() - rest.size())).size();
+  }
+
+  std::pair<int, int> selected_{0, 0};  // what code selected last
 };
 
 }  // namespace

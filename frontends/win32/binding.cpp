@@ -24,6 +24,9 @@ class Binder final : public ControlVisitor {
   void visit(Frame& control) override { made = bind(control, parent_); }
   void visit(Label& control) override { made = bind(control, parent_); }
   void visit(Line& control) override { made = bind(control, parent_); }
+  void visit(ListBox& control) override { made = bind(control, parent_); }
+  void visit(ListView& control) override { made = bind(control, parent_); }
+  void visit(Menu& control) override { made = bind(control, parent_); }
   void visit(OptionButton& control) override { made = bind(control, parent_); }
   void visit(PictureBox& control) override { made = bind(control, parent_); }
   void visit(ProgressBar& control) override { made = bind(control, parent_); }

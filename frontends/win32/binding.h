@@ -33,7 +33,7 @@ class Binding {
 
   void follow(const Units& units, FontBook& fonts);
 
-  // What the window told its parent with WM_COMMAND; runs among the user's acts.
+  // What the window told its parent with WM_COMMAND or WM_NOTIFY; runs among the user's acts.
   virtual void notified(int code) = 0;
 
  protected:
@@ -82,6 +82,9 @@ std::unique_ptr<Binding> bind(CommandButton& button, HWND parent);
 std::unique_ptr<Binding> bind(Frame& frame, HWND parent);
 std::unique_ptr<Binding> bind(Label& label, HWND parent);
 std::unique_ptr<Binding> bind(Line& line, HWND parent);
+std::unique_ptr<Binding> bind(ListBox& list, HWND parent);
+std::unique_ptr<Binding> bind(ListView& list, HWND parent);
+std::unique_ptr<Binding> bind(Menu& menu, HWND parent);
 std::unique_ptr<Binding> bind(OptionButton& button, HWND parent);
 std::unique_ptr<Binding> bind(PictureBox& box, HWND parent);
 std::unique_ptr<Binding> bind(ProgressBar& bar, HWND parent);

@@ -1,5 +1,7 @@
 #include "frontends/win32/form_window.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 
 #include "frontends/com/text.h"
@@ -178,6 +180,7 @@ bool FormWindow::pressKey(Control* focused, Key key, int shift) {
 }
 
 bool FormWindow::translate(const MSG& message) {
+  if (message.message == WM_CHAR) return discards(message);
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   const std::optional<Key> key = formKey(message.wParam);
   if (!key) return false;
@@ -205,6 +208,20 @@ bool FormWindow::translate(const MSG& message) {
   return true;
 }
 
+bool FormWindow::discards(const MSG& message) {
+  const auto found = controls_.find(message.hwnd);
+  const auto* box = found == controls_.end() ? nullptr : dynamic_cast<TextBox*>(found->second);
+  bool discarded = false;
+  if (box) host_.run([&] { discarded = box->discards(static_cast<char32_t>(message.wParam)); });
+  return discarded;
+}
+
+void FormWindow::tellLeft() {
+  Control* now = focusedControl();
+  Control* left = now ? form_.focusMoved(now) : nullptr;
+  if (left && left->onLostFocus && form_.isOpen()) host_.run([left] { left->loseFocus(); });
+}
+
 INT_PTR CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) {
     SetWindowLongPtrW(window, DWLP_USER, lParam);
@@ -223,6 +240,13 @@ INT_PTR FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       const int code = HIWORD(wParam);
       if (code == BN_SETFOCUS || code == BN_KILLFOCUS) markDefault();
       host_.run([&] { binding(*found->second).notified(code); });
+      return TRUE;
+    }
+    case WM_NOTIFY: {
+      const auto& told = *reinterpret_cast<const NMHDR*>(lParam);
+      const auto found = controls_.find(told.hwndFrom);
+      if (found == controls_.end() || told.code != LVN_ITEMCHANGED) return FALSE;
+      host_.run([&] { binding(*found->second).notified(static_cast<int>(told.code)); });
       return TRUE;
     }
     case WM_CLOSE:  // the model says when the window goes

@@ -38,6 +38,8 @@ class FormWindow {
   void show();
   // Shows the changes of the model; once the form is closed the window is gone for the user.
   void follow();
+  // Tells a control that the focus has left it.
+  void tellLeft();
   // A message on its way to this window or its controls; true where it was a key that the dialog used up.
   bool translate(const MSG& message);
 
@@ -51,6 +53,7 @@ class FormWindow {
   void setDpi(int dpi);
   void centreOver(HWND owner);
   bool pressKey(Control* focused, Key key, int shift);
+  bool discards(const MSG& message);
 
   Form& form_;
   FormHost& host_;

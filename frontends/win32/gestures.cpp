@@ -11,22 +11,27 @@ constexpr BYTE kDown = 0x80;
 constexpr LPARAM kAltHeld = LPARAM{1} << 29;
 constexpr int kScanCodePosition = 16;
 
-void mouse(HWND window, std::initializer_list<UINT> messages) {
+POINT middleOf(HWND window) {
   RECT inside{};
   GetClientRect(window, &inside);
-  const LPARAM middle = MAKELPARAM(inside.right / 2, inside.bottom / 2);
+  return {inside.right / 2, inside.bottom / 2};
+}
+
+void mouse(HWND window, POINT at, std::initializer_list<UINT> messages) {
   for (const UINT message : messages) {
     if (!IsWindow(window) || !IsWindowEnabled(window)) return;
-    SendMessageW(window, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, middle);
+    SendMessageW(window, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, MAKELPARAM(at.x, at.y));
   }
 }
 
 }  // namespace
 
-void click(HWND window) { mouse(window, {WM_LBUTTONDOWN, WM_LBUTTONUP}); }
+void click(HWND window) { mouse(window, middleOf(window), {WM_LBUTTONDOWN, WM_LBUTTONUP}); }
 
-void doubleClick(HWND window) {
-  mouse(window, {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP});
+void doubleClick(HWND window) { doubleClick(window, middleOf(window)); }
+
+void doubleClick(HWND window, POINT at) {
+  mouse(window, at, {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP});
 }
 
 MSG keyDown(HWND window, Key key, int shift) {

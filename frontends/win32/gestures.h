@@ -12,6 +12,8 @@ namespace vmgv::gestures {
 // In the middle of the window.
 void click(HWND window);
 void doubleClick(HWND window);
+// At a point of its inside.
+void doubleClick(HWND window, POINT at);
 
 // A key going down, as a message loop gets it.
 MSG keyDown(HWND window, Key key, int shift);

@@ -34,6 +34,10 @@ class Measure final : public ControlVisitor {
   }
   void visit(TextBox& box) override { size_ = {letters(box.columns) + x(kFieldPadding), fieldHeight()}; }
   void visit(CommandButton& button) override {
+    if (button.picture != CommandButton::Picture::None) {
+      size_ = {fieldHeight(), fieldHeight()};
+      return;
+    }
     const std::wstring caption = wide(button.caption());
     const int words = text_.extent(caption).cx;
     if (isSign(caption)) {  // beside a field
@@ -42,6 +46,14 @@ class Measure final : public ControlVisitor {
       size_ = {std::max(x(kButtonWidth), words + x(kButtonPadding)),
                text_.lineHeight() + 2 * units_.scaled(kButtonBorder)};
     }
+  }
+  void visit(ListBox& list) override { size_ = {listWidth(list.columns), entries(list.rows)}; }
+  void visit(ListView& list) override {
+    const int header = fieldHeight();
+    size_ = {listWidth(list.columns), header + entries(list.rows)};
+  }
+  void visit(Menu& menu) override {
+    size_ = {text_.extent(wide(menu.caption())).cx + 2 * x(kButtonPadding), fieldHeight()};
   }
   void visit(Label& label) override { size_ = text_.extent(wide(label.caption())); }
   void visit(Frame& frame) override {
@@ -56,6 +68,8 @@ class Measure final : public ControlVisitor {
   int y(int units) const { return (units * text_.lineHeight() + 7) / 8; }
   int letters(int count) const { return count * text_.averageWidth(); }
   int fieldHeight() const { return text_.lineHeight() + 2 * kFieldBorder; }
+  int entries(int count) const { return count * text_.lineHeight() + 2 * kRule; }
+  int listWidth(int columns) const { return letters(columns) + x(kFieldPadding) + scrollBarWidth(); }
   int scrollBarWidth() const { return GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(units_.dpi())); }
   static bool isSign(const std::wstring& caption) {
     return !caption.empty() &&

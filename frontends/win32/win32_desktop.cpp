@@ -9,6 +9,7 @@
 
 #include "frontends/com/text.h"
 #include "frontends/win32/box_watch.h"
+#include "frontends/win32/keys.h"
 #include "frontends/win32/natural_size.h"
 #include "frontends/win32/scopes.h"
 #include "support/automation/error.h"
@@ -66,6 +67,7 @@ void Win32Desktop::run(const std::function<void()>& act) noexcept {
     }
   };
   try {
+    if (!shown_.empty() && shown_.back().window) shown_.back().window->tellLeft();
     act();
   } catch (const std::exception& error) {
     tell(error.what());
@@ -151,6 +153,8 @@ void Win32Desktop::process(MSG& message) {
   }
   TranslateMessage(&message);
   DispatchMessageW(&message);
+  // What a control shows when the focus leaves it would take the mouse away from a button that is held down.
+  if (!isHeld(VK_LBUTTON) && !shown_.empty() && shown_.back().window) shown_.back().window->tellLeft();
 }
 
 void Win32Desktop::letActOn(const std::function<void()>& giveUp) {

@@ -52,6 +52,7 @@ class Win32Desktop : public WindowPort, public User, private FormHost {
   const Box* box() override;
   void click(Control& control) override;
   void doubleClick(Control& control) override;
+  void doubleClick(Control& list, int entry) override;
   void choose(Control& control, int entry) override;
   void enter(Control& control, const std::string& text) override;
   void press(Control& control, Key key, int shift) override;

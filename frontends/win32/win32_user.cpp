@@ -1,6 +1,7 @@
 // What the user of a Windows desktop does and sees.
 #include <windows.h>
 
+#include <commctrl.h>
 #include <dlgs.h>
 
 #include "frontends/com/text.h"
@@ -89,10 +90,7 @@ void Win32Desktop::pressKey(Control& control, Key key, int shift) {
 
 void Win32Desktop::click(Control& control) {
   const Binding& binding = bindingOnTop(control);
-  if (!control.focusable()) {
-    throw CannotDo(control.address() + ", a " + std::string(control.typeName()) +
-                   ", does not react to clicks");
-  }
+  requireClickable(control);
   gestures::click(binding.window());
 }
 
@@ -102,24 +100,33 @@ void Win32Desktop::doubleClick(Control& control) {
   gestures::doubleClick(binding.window());
 }
 
-// Drops the list down by the keyboard, walks to the entry and takes it.
+void Win32Desktop::doubleClick(Control& list, int entry) {
+  requireEntry(list, entry);
+  const HWND window = bindingOnTop(list).window();
+  if (!dynamic_cast<ListBox*>(&list)) throw CannotDo(list.address() + " takes no double click");
+  SendMessageW(window, LB_SETTOPINDEX, static_cast<WPARAM>(entry), 0);
+  RECT place{};
+  SendMessageW(window, LB_GETITEMRECT, static_cast<WPARAM>(entry), reinterpret_cast<LPARAM>(&place));
+  gestures::doubleClick(window, {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+}
+
+// A closed list is dropped down by the keyboard; the user walks to the entry and takes it.
 void Win32Desktop::choose(Control& control, int entry) {
   focus(control);
-  const auto* combo = dynamic_cast<const ComboBox*>(&control);
-  if (!combo) throw CannotDo(control.address() + " is no list");
-  const int count = static_cast<int>(combo->items().size());
-  if (entry < 0 || entry >= count) {
-    throw CannotDo(control.address() + " has " + std::to_string(count) + " entries, none at " +
-                   std::to_string(entry));
-  }
+  const int count = requireEntry(control, entry).listCount();
+  const bool closed = dynamic_cast<ComboBox*>(&control) != nullptr;
+  const bool view = dynamic_cast<ListView*>(&control) != nullptr;
   const HWND list = topWindow().binding(control).window();
-  pressKey(control, Key::Down, kAlt);
-  for (int steps = count; steps > 0; --steps) {
-    const int at = static_cast<int>(SendMessageW(list, CB_GETCURSEL, 0, 0));
-    if (at == entry) break;
-    pressKey(control, at < entry ? Key::Down : Key::Up, 0);
+  const auto selected = [&] {
+    if (view)
+      return static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+    return static_cast<int>(SendMessageW(list, closed ? CB_GETCURSEL : LB_GETCURSEL, 0, 0));
+  };
+  if (closed) pressKey(control, Key::Down, kAlt);
+  for (int steps = count; steps > 0 && selected() != entry; --steps) {
+    pressKey(control, selected() < entry ? Key::Down : Key::Up, 0);
   }
-  pressKey(control, Key::Return, 0);
+  if (closed) pressKey(control, Key::Return, 0);
 }
 
 void Win32Desktop::enter(Control& control, const std::string& text) {
@@ -130,7 +137,14 @@ void Win32Desktop::enter(Control& control, const std::string& text) {
   const HWND field = topWindow().binding(control).window();
   SendMessageW(field, EM_SETSEL, 0, -1);
   if (text.empty()) pressKey(control, Key::Delete, 0);
-  for (const wchar_t unit : wide(text)) SendMessageW(field, WM_CHAR, unit, 1);
+  for (const wchar_t unit : wide(text)) {
+    MSG typed{};
+    typed.hwnd = field;
+    typed.message = WM_CHAR;
+    typed.wParam = unit;
+    typed.lParam = 1;
+    process(typed);
+  }
   if (form() == &control.form()) pressKey(control, Key::Tab, 0);
 }
 

@@ -29,12 +29,12 @@ std::filesystem::file_time_type writtenAt(const std::filesystem::path& file) {
   return std::filesystem::last_write_time(file, missing);
 }
 
-int entryOf(const ComboBox& combo, const Word& word) {
-  const auto& items = combo.items();
+int entryOf(const ListControl& list, const Word& word) {
+  const auto& items = list.items();
   const auto found = std::find(items.begin(), items.end(), word.text);
   if (const auto index = wholeNumber(word)) return *index;
   if (found != items.end()) return static_cast<int>(found - items.begin());
-  throw CannotDo(combo.address() + " has no entry " + quoted(word.text) + " among its " +
+  throw CannotDo(list.address() + " has no entry " + quoted(word.text) + " among its " +
                  std::to_string(items.size()));
 }
 
@@ -61,6 +61,12 @@ std::string Actions::whatIsOnTop() const {
 Form& Actions::topForm() const {
   if (Form* form = user().form()) return *form;
   throw CannotDo("expected a dialog, found " + whatIsOnTop());
+}
+
+ListControl& Actions::list(const Word& word) const {
+  Control& found = control(word);
+  if (auto* list = dynamic_cast<ListControl*>(&found)) return *list;
+  throw CannotDo(found.address() + " is no list");
 }
 
 void Actions::call(Words words) {
@@ -119,13 +125,15 @@ void Actions::rows(Words words) {
 }
 
 void Actions::click(Words words) { user().click(control(words[0])); }
-void Actions::doubleClick(Words words) { user().doubleClick(control(words[0])); }
+void Actions::doubleClick(Words words) {
+  if (words.size() == 1) return user().doubleClick(control(words[0]));
+  ListControl& clicked = list(words[0]);
+  user().doubleClick(clicked, entryOf(clicked, words[1]));
+}
 
 void Actions::choose(Words words) {
-  Control& list = control(words[0]);
-  const auto* combo = dynamic_cast<const ComboBox*>(&list);
-  if (!combo) throw CannotDo(list.address() + " is no list");
-  user().choose(list, entryOf(*combo, words[1]));
+  ListControl& chosen = list(words[0]);
+  user().choose(chosen, entryOf(chosen, words[1]));
 }
 
 void Actions::enter(Words words) { user().enter(control(words[0]), words[1].text); }

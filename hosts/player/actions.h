@@ -55,6 +55,7 @@ class Actions {
  private:
   Form& topForm() const;
   Control& control(const Word& word) const { return findControl(topForm(), word.text); }
+  ListControl& list(const Word& word) const;
   void expectMessage(const std::string& text);
   void nameWorkbook(std::filesystem::path file);
 

@@ -19,7 +19,7 @@ constexpr Command kCommands[]{
     {"rows FILE [FIRST LAST]", 1, 3, kAtHost, WhileWorking::Never, &Actions::rows},
 
     {"click CONTROL", 1, 1, kAtDialog, WhileWorking::Control, &Actions::click},
-    {"doubleclick CONTROL", 1, 1, kAtDialog, WhileWorking::Control, &Actions::doubleClick},
+    {"doubleclick CONTROL [ENTRY]", 1, 2, kAtDialog, WhileWorking::Control, &Actions::doubleClick},
     {"choose CONTROL ENTRY", 2, 2, kAtDialog, WhileWorking::Never, &Actions::choose},
     {"enter CONTROL TEXT", 2, 2, kAtDialog, WhileWorking::Never, &Actions::enter},
     {"press CONTROL KEY", 2, 2, kAtDialog, WhileWorking::Control, &Actions::press},

@@ -73,6 +73,11 @@ class Control {
 
   // The key went down in this control; true where the handler used it up.
   std::function<bool(Key, int shift)> onKeyDown;
+  // The keyboard went to another control of the form.
+  std::function<void()> onLostFocus;
+  void loseFocus() {
+    if (onLostFocus) onLostFocus();
+  }
 
  protected:
   // Tells the form that a widget must follow.

@@ -46,40 +46,67 @@ void OptionButton::setValue(bool value) {
   fire(onClick);
 }
 
-Control::Properties ComboBox::properties() const {
+Control::Properties ListControl::properties() const {
   return with(with(with(Control::properties(), "listIndex", listIndex_), "text", text()), "listCount",
               static_cast<std::int32_t>(items_.size()));
 }
 
-void ComboBox::addItem(std::string text) {
-  items_.push_back(std::move(text));
+std::size_t ListControl::place(int index) const {
+  if (index < 0 || index >= listCount()) refuse(*this, "listIndex", index);
+  return static_cast<std::size_t>(index);
+}
+
+void ListControl::insertItem(int index, std::string text, std::int32_t data) {
+  if (index < 0 || index > listCount()) refuse(*this, "listIndex", index);
+  items_.insert(items_.begin() + index, std::move(text));
+  itemData_.insert(itemData_.begin() + index, data);
+  if (listIndex_ >= index) ++listIndex_;
   changed();
 }
 
-void ComboBox::clear() {
+void ListControl::removeItem(int index) {
+  place(index);
+  items_.erase(items_.begin() + index);
+  itemData_.erase(itemData_.begin() + index);
+  if (listIndex_ == index) {
+    listIndex_ = -1;
+  } else if (listIndex_ > index) {
+    --listIndex_;
+  }
+  changed();
+}
+
+void ListControl::clear() {
   items_.clear();
+  itemData_.clear();
   listIndex_ = -1;
   changed();
 }
 
-void ComboBox::setListIndex(int index) {
-  if (index < -1 || index >= static_cast<int>(items_.size())) refuse(*this, "listIndex", index);
+void ListControl::setListIndex(int index) {
+  if (index != -1) place(index);
   if (change(listIndex_, index) && index >= 0) fire(onClick);
 }
 
-void ComboBox::choose(int index) {
+void ListControl::choose(int index) {
   const bool same = index == listIndex_;
   setListIndex(index);
   if (same && index >= 0) fire(onClick);
 }
 
-std::string ComboBox::text() const {
-  return listIndex_ < 0 ? std::string() : items_[static_cast<std::size_t>(listIndex_)];
+void ListBox::doubleClick(int index) {
+  setListIndex(index);
+  fire(onDblClick);
+}
+
+Control::Properties ListView::properties() const {
+  return with(ListControl::properties(), "header", header_);
 }
 
 Control::Properties TextBox::properties() const { return with(Control::properties(), "text", text_); }
 
 void TextBox::setText(std::string text) {
+  selection_ = {0, 0};
   if (change(text_, std::move(text))) fire(onChange);
 }
 

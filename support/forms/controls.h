@@ -5,13 +5,18 @@
 //   CheckBox       click     when its value changes
 //   OptionButton   click     when it becomes the selected one of its container (the one that loses the
 //                            selection is silent)
-//   ComboBox       click     when its list index changes to an entry, or the user picks the same entry again
+//   lists          click     when the list index changes to an entry, or the user picks the same entry again
+//   ListBox        dblClick  when the user clicks an entry twice
 //   TextBox        change    when its text changes
+//                  keyPress  before the user's key has its effect; not for what code does
+//   all            lostFocus when the keyboard goes to another control of the form
 // Code that fills a form guards its handlers with a loading flag for this reason.
 // A value that a control cannot take is Error 380, and the control stays as it was.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/forms/control.h"
@@ -25,6 +30,9 @@ class CommandButton;
 class Frame;
 class Label;
 class Line;
+class ListBox;
+class ListView;
+class Menu;
 class OptionButton;
 class PictureBox;
 class ProgressBar;
@@ -40,6 +48,9 @@ class ControlVisitor {
   virtual void visit(Frame&) = 0;
   virtual void visit(Label&) = 0;
   virtual void visit(Line&) = 0;
+  virtual void visit(ListBox&) = 0;
+  virtual void visit(ListView&) = 0;
+  virtual void visit(Menu&) = 0;
   virtual void visit(OptionButton&) = 0;
   virtual void visit(PictureBox&) = 0;
   virtual void visit(ProgressBar&) = 0;
@@ -101,6 +112,9 @@ class CommandButton final : public ControlOf<CommandButton> {
   std::function<void()> onClick;
   bool isDefault = false;  // Enter clicks it, unless another button has the focus
   bool isCancel = false;   // Esc clicks it
+  // What it shows instead of a caption, in the colour of texts; the accessible name says what it means.
+  enum class Picture { None, ArrowUp, ArrowDown };
+  Picture picture = Picture::None;
 };
 
 class CheckBox final : public ControlOf<CheckBox> {
@@ -135,26 +149,81 @@ class OptionButton final : public ControlOf<OptionButton> {
   bool value_ = false;
 };
 
-class ComboBox final : public ControlOf<ComboBox> {  // a drop-down list, no free text
+// What has entries, of which one may be selected.
+class ListControl : public Control {
  public:
-  static constexpr std::string_view kTypeName = "ComboBox";
-  using ControlOf::ControlOf;
+  using Control::Control;
   bool focusable() const noexcept override { return true; }
   Properties properties() const override;
 
   const std::vector<std::string>& items() const noexcept { return items_; }
-  void addItem(std::string text);
+  int listCount() const noexcept { return static_cast<int>(items_.size()); }
+  // A number of the caller's that stays with its entry.
+  std::int32_t itemData(int index) const { return itemData_[place(index)]; }
+  void addItem(std::string text, std::int32_t data = 0) { insertItem(listCount(), std::move(text), data); }
+  void insertItem(int index, std::string text, std::int32_t data = 0);
+  void removeItem(int index);  // a selected entry leaves none selected
   void clear();
   int listIndex() const noexcept { return listIndex_; }  // -1: none
   void setListIndex(int index);
   void choose(int index);  // what a user's pick does
-  std::string text() const;
+  std::string text() const { return listIndex_ < 0 ? std::string() : items_[place(listIndex_)]; }
   std::function<void()> onClick;
   int columns = 24;  // average characters that its natural width shows
 
  private:
+  std::size_t place(int index) const;  // Error 380 where there is no such entry
+
   std::vector<std::string> items_;
+  std::vector<std::int32_t> itemData_;
   int listIndex_ = -1;
+};
+
+class ComboBox final : public ControlOf<ComboBox, ListControl> {  // a drop-down list, no free text
+ public:
+  static constexpr std::string_view kTypeName = "ComboBox";
+  using ControlOf::ControlOf;
+};
+
+class ListBox final : public ControlOf<ListBox, ListControl> {  // an open list
+ public:
+  static constexpr std::string_view kTypeName = "ListBox";
+  using ControlOf::ControlOf;
+
+  void doubleClick(int index);  // what a user's does
+  std::function<void()> onDblClick;
+  int rows = 10;  // that its natural height shows
+};
+
+class ListView final : public ControlOf<ListView, ListControl> {  // an open list below a header
+ public:
+  static constexpr std::string_view kTypeName = "ListView";
+  using ControlOf::ControlOf;
+  Properties properties() const override;
+
+  const std::string& header() const noexcept { return header_; }
+  void setHeader(std::string text) { change(header_, std::move(text)); }
+  int rows = 10;  // that its natural height shows
+
+ private:
+  std::string header_;
+};
+
+class Menu final : public ControlOf<Menu> {  // a bar with one menu, called as its caption says
+ public:
+  static constexpr std::string_view kTypeName = "SmartUI";
+  using ControlOf::ControlOf;
+
+  struct Item {
+    std::string key;
+    std::string caption;
+    bool operator==(const Item&) const = default;
+  };
+  const std::vector<Item>& items() const noexcept { return items_; }
+  void setItems(std::vector<Item> items) { change(items_, std::move(items)); }
+
+ private:
+  std::vector<Item> items_;
 };
 
 class TextBox final : public ControlOf<TextBox> {
@@ -165,12 +234,22 @@ class TextBox final : public ControlOf<TextBox> {
   Properties properties() const override;
 
   const std::string& text() const noexcept { return text_; }
-  void setText(std::string text);
+  void setText(std::string text);  // nothing is selected then
+  // What code has selected, in characters; front ends keep what the user selects to themselves.
+  int selStart() const noexcept { return selection_.first; }
+  int selLength() const noexcept { return selection_.second; }
+  void select(int start, int length) { change(selection_, std::pair(start, length)); }
+
+  // The user's key is about to have its effect: a character to insert, or Backspace or a control character.
+  // True where the handler discards it.
+  std::function<bool(char32_t character)> onKeyPress;
+  bool discards(char32_t character) const { return onKeyPress && onKeyPress(character); }
   std::function<void()> onChange;
   int columns = 30;  // average characters that its natural width shows
 
  private:
   std::string text_;
+  std::pair<int, int> selection_{0, 0};
 };
 
 class ProgressBar final : public ControlOf<ProgressBar> {

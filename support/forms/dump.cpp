@@ -37,9 +37,14 @@ std::string dump(const Form& form) {
     json.key("kind").string(control->typeName());
     if (control->container()) json.key("container").string(control->container()->address());
     for (const auto& [name, value] : control->properties()) json.key(name).value(value);
-    if (const auto* combo = dynamic_cast<const ComboBox*>(control.get())) {
+    if (const auto* list = dynamic_cast<const ListControl*>(control.get())) {
       json.key("items").beginArray();
-      for (const std::string& item : combo->items()) json.string(item);
+      for (const std::string& item : list->items()) json.string(item);
+      json.endArray();
+    }
+    if (const auto* menu = dynamic_cast<const Menu*>(control.get())) {
+      json.key("items").beginArray();
+      for (const Menu::Item& item : menu->items()) json.string(item.caption);
       json.endArray();
     }
     writeFont(json, control->font());

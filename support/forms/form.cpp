@@ -33,7 +33,14 @@ void Form::setSize(Size size) {
   changes_.formChanged = true;
 }
 
-void Form::layOut(WindowPort& window) { layout::arrange(*this, window); }
+void Form::layOut(WindowPort& window) {
+  layout::arrange(*this, window);
+  if (onLaidOut) onLaidOut(window);
+}
+
+Control* Form::focusMoved(Control* control) noexcept {
+  return active_ == control ? nullptr : std::exchange(active_, control);
+}
 
 void Form::closeByUser() {
   if (onCloseByUser) {

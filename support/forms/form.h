@@ -45,8 +45,8 @@ class Form {
 
   layout::Node content;
   // Turns the structure and the platform's natural sizes into rectangles, the smallest that fit.
-  // Code may move things afterwards.
   void layOut(WindowPort& window);
+  std::function<void(WindowPort&)> onLaidOut;  // moves what structure alone cannot place
 
   // Modal life: open() before the platform shows it; the platform's loop ends once close() was called.
   bool isOpen() const noexcept { return open_; }
@@ -58,6 +58,11 @@ class Form {
 
   // Where the user starts; null means the first control that takes the focus.
   Control* initialFocus = nullptr;
+  // The control that has the keyboard, or had it when the form was closed.
+  Control* activeControl() const noexcept { return active_; }
+  // The user moved it. Returns the control that he left, which the front end tells in its own good time; null
+  // where there is none.
+  Control* focusMoved(Control* control) noexcept;
   // A key that the focused control (or null) did not use for itself: its own handler first, then Enter for
   // the focused or default button and Esc for the cancel button. True where something used it.
   bool pressKey(Control* focused, Key key, int shift = 0);
@@ -81,6 +86,7 @@ class Form {
   Pointer pointer_ = Pointer::Default;
   Size size_;
   bool open_ = false;
+  Control* active_ = nullptr;
   Changes changes_;
 };
 

@@ -28,6 +28,7 @@ class Pass {
       case Node::Kind::Item: return measureControl(*node.control);
       case Node::Kind::Row: return measureRow(node);
       case Node::Kind::Column: return measureColumn(node);
+      case Node::Kind::Table: return measureTable(node);
     }
     return {};
   }
@@ -39,6 +40,7 @@ class Pass {
       case Node::Kind::Item: placeControl(*node.control, area); break;
       case Node::Kind::Row: placeRow(node, area); break;
       case Node::Kind::Column: placeColumn(node, area); break;
+      case Node::Kind::Table: placeTable(node, area); break;
     }
   }
 
@@ -126,13 +128,18 @@ class Pass {
     int left = area.left;
     for (std::size_t i = 0; i < sizes.size(); ++i) {
       const Node& child = node.children[i];
-      const bool whole = child.fill || child.kind != Node::Kind::Item ||
-                         dynamic_cast<const Container*>(child.control) != nullptr;
-      const int height = whole ? area.height : std::min(sizes[i].height, area.height);
       const int width = sizes[i].width + extra[i];
-      place(child, {left, area.top + snapped((area.height - height) / 2), width, height});
+      placeInRow(child, sizes[i].height, {left, area.top, width, area.height});
       left += width + (child.kind == Node::Kind::Space ? 0 : node.gapUnits * unit_);
     }
+  }
+
+  // A control of its own natural height stands in the middle.
+  void placeInRow(const Node& node, int natural, Rect room) {
+    const bool whole =
+        node.fill || node.kind != Node::Kind::Item || dynamic_cast<const Container*>(node.control) != nullptr;
+    const int height = whole ? room.height : std::min(natural, room.height);
+    place(node, {room.left, room.top + snapped((room.height - height) / 2), room.width, height});
   }
 
   void placeColumn(const Node& node, Rect area) {
@@ -145,6 +152,56 @@ class Pass {
       const int height = sizes[i].height + extra[i];
       place(node.children[i], {area.left, top, area.width, height});
       top += height + (node.children[i].kind == Node::Kind::Space ? 0 : node.gapUnits * unit_);
+    }
+  }
+
+  struct Grid {
+    std::vector<std::vector<Size>> cells;
+    std::vector<int> widths, heights;  // of the columns and the rows
+  };
+
+  Grid gridOf(const Node& node) {
+    Grid grid;
+    for (const Node& row : node.children) {
+      const std::vector<Size>& cells = grid.cells.emplace_back(measureAll(row));
+      grid.widths.resize(std::max(grid.widths.size(), cells.size()));
+      int height = 0;
+      for (std::size_t i = 0; i < cells.size(); ++i) {
+        grid.widths[i] = std::max(grid.widths[i], cells[i].width);
+        height = std::max(height, cells[i].height);
+      }
+      grid.heights.push_back(height);
+    }
+    return grid;
+  }
+
+  static int total(const std::vector<int>& lengths, int gap) {
+    int sum = lengths.empty() ? 0 : static_cast<int>(lengths.size() - 1) * gap;
+    for (const int length : lengths) sum += length;
+    return sum;
+  }
+
+  Size measureTable(const Node& node) {
+    const Grid grid = gridOf(node);
+    const int gap = node.gapUnits * unit_;
+    return {total(grid.widths, gap), total(grid.heights, gap)};
+  }
+
+  // What is left over goes to the last column and the last row.
+  void placeTable(const Node& node, Rect area) {
+    Grid grid = gridOf(node);
+    const int gap = node.gapUnits * unit_;
+    if (!grid.widths.empty()) grid.widths.back() += area.width - total(grid.widths, gap);
+    if (!grid.heights.empty()) grid.heights.back() += area.height - total(grid.heights, gap);
+    int top = area.top;
+    for (std::size_t r = 0; r < grid.cells.size(); ++r) {
+      int left = area.left;
+      for (std::size_t c = 0; c < grid.cells[r].size(); ++c) {
+        placeInRow(node.children[r].children[c], grid.cells[r][c].height,
+                   {left, top, grid.widths[c], grid.heights[r]});
+        left += grid.widths[c] + gap;
+      }
+      top += grid.heights[r] + gap;
     }
   }
 
@@ -186,6 +243,13 @@ Node column(std::vector<Node> children) {
   Node node;
   node.kind = Node::Kind::Column;
   node.children = std::move(children);
+  return node;
+}
+
+Node table(std::vector<Node> rows) {
+  Node node;
+  node.kind = Node::Kind::Table;
+  node.children = std::move(rows);
   return node;
 }
 

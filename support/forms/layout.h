@@ -1,4 +1,4 @@
-// The structure of a form: rows and columns of controls, turned into rectangles by one pass.
+// The structure of a form: rows, columns and tables of controls, turned into rectangles by one pass.
 //
 //   form.content = column({item(frame).stretch(), buttons({&ok, &cancel, &help})});
 //
@@ -19,10 +19,10 @@ class WindowPort;
 namespace layout {
 
 struct Node {
-  enum class Kind { Nothing, Item, Row, Column, Space };
+  enum class Kind { Nothing, Item, Row, Column, Table, Space };
   Kind kind = Kind::Nothing;
   Control* control = nullptr;  // of an Item
-  std::vector<Node> children;  // of a Row or Column
+  std::vector<Node> children;  // of a Row or Column; a Table's are Rows of its cells
   int gapUnits = 1;            // between the children
   int stretchFactor = 0;       // share of what is left over along the parent's direction
   bool uniform = false;        // a Row whose children are all as wide as the widest
@@ -45,6 +45,8 @@ struct Node {
 Node item(Control& control);
 Node row(std::vector<Node> children);
 Node column(std::vector<Node> children);
+// Rows of cells, each column as wide as its widest cell; Node() is an empty cell.
+Node table(std::vector<Node> rows);
 Node space();  // takes what is left over
 // Equal buttons at the right end of a row.
 Node buttons(const std::vector<Control*>& controls);

@@ -7,15 +7,20 @@ namespace vmgv {
 Dialog::Dialog(Services& services, std::string formName, std::string_view helpTopic)
     : services_(services), form_(std::move(formName)), helpTopic_(helpTopic) {}
 
-layout::Node Dialog::addButtons() {
+layout::Node Dialog::addClosingButtons() {
   cmdOK_ = &form_.add<CommandButton>("cmdOK");
   cmdCancel_ = &form_.add<CommandButton>("cmdCancel");
-  cmdHelp_ = &form_.add<CommandButton>("cmdHelp");
   cmdOK_->setCaption("OK");
   cmdOK_->isDefault = true;
   cmdCancel_->isCancel = true;
   cmdOK_->onClick = [this] { closeBy(*cmdOK_); };
   cmdCancel_->onClick = [this] { closeBy(*cmdCancel_); };
+  return layout::buttons({cmdOK_, cmdCancel_});
+}
+
+layout::Node Dialog::addButtons() {
+  addClosingButtons();
+  cmdHelp_ = &form_.add<CommandButton>("cmdHelp");
   cmdHelp_->onClick = [this] {
     skipping([this] {
       std::string topic(helpTopic_);
@@ -37,9 +42,9 @@ void Dialog::dropReferences() noexcept {
 
 void Dialog::load() {
   services_.fonts.ApplyFormFont(form_);
+  if (cmdCancel_) caption(*cmdCancel_, Text::Cancel);
+  if (cmdHelp_) caption(*cmdHelp_, Text::Help);
   setCaptions();
-  caption(*cmdCancel_, Text::Cancel);
-  caption(*cmdHelp_, Text::Help);
   form_.layOut(services_.window);
 }
 

@@ -23,11 +23,13 @@ class Dialog {
   // OK, Cancel and Help with their keys; called after the form's own controls were added, so that they come
   // last in the tab order. The row to put below those controls.
   layout::Node addButtons();
+  // The same without Help.
+  layout::Node addClosingButtons();
 
   // Keeps the editor and takes its grid; a failure leaves no grid.
   void keepReferences(const ObjectRef& editor);
   void dropReferences() noexcept;
-  // System font, captions, then the rectangles.
+  // System font, captions of the buttons there are and of the dialog's own controls, then the rectangles.
   void load();
   // Returns when the form was closed.
   void showModal();

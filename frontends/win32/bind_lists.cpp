@@ -1,0 +1,118 @@
+// Open lists of entries, with and without a header.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+#include <vector>
+
+#include "frontends/com/text.h"
+#include "frontends/win32/binding.h"
+
+namespace vmgv {
+namespace {
+
+class ListBoxBinding final : public BindingOf<ListBox> {
+ public:
+  ListBoxBinding(ListBox& list, HWND parent)
+      : BindingOf(list, parent,
+                  {L"LISTBOX",
+                   LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP | WS_GROUP,
+                   WS_EX_CLIENTEDGE}) {}
+
+  void notified(int code) override {
+    if (code == LBN_SELCHANGE) control_.setListIndex(selected());
+    if (code == LBN_DBLCLK && selected() >= 0) control_.doubleClick(selected());
+  }
+
+ protected:
+  void followContent() override {
+    if (shown_ != control_.items()) {
+      shown_ = control_.items();
+      send(WM_SETREDRAW, FALSE);
+      send(LB_RESETCONTENT);
+      for (const std::string& entry : shown_) {
+        send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide(entry).c_str()));
+      }
+      send(WM_SETREDRAW, TRUE);
+      InvalidateRect(window(), nullptr, TRUE);
+    }
+    if (selected() != control_.listIndex()) send(LB_SETCURSEL, static_cast<WPARAM>(control_.listIndex()));
+  }
+
+ private:
+  int selected() const { return static_cast<int>(send(LB_GETCURSEL)); }
+
+  std::vector<std::string> shown_;
+};
+
+class ListViewBinding final : public BindingOf<ListView> {
+ public:
+  ListViewBinding(ListView& list, HWND parent)
+      : BindingOf(list, parent,
+                  {WC_LISTVIEWW, LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP | WS_GROUP,
+                   WS_EX_CLIENTEDGE}) {
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT;
+    column.pszText = const_cast<wchar_t*>(L"");
+    send(LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+  }
+
+  void notified(int code) override {
+    if (code == static_cast<int>(LVN_ITEMCHANGED) && !following_) control_.setListIndex(selected());
+  }
+
+ protected:
+  void followContent() override {
+    following_ = true;
+    const std::wstring header = wide(control_.header());
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT;
+    column.pszText = const_cast<wchar_t*>(header.c_str());
+    send(LVM_SETCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+    if (shown_ != control_.items()) {
+      shown_ = control_.items();
+      send(LVM_DELETEALLITEMS);
+      for (std::size_t i = 0; i < shown_.size(); ++i) insert(static_cast<int>(i), wide(shown_[i]));
+    }
+    if (selected() != control_.listIndex()) {
+      LVITEMW state{};
+      state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+      state.state = control_.listIndex() < 0 ? 0 : state.stateMask;
+      send(LVM_SETITEMSTATE, static_cast<WPARAM>(control_.listIndex()), reinterpret_cast<LPARAM>(&state));
+    }
+    following_ = false;
+  }
+
+  void place(const RECT& pixels, const Units& units) override {
+    Binding::place(pixels, units);
+    send(LVM_SETCOLUMNWIDTH, 0, LVSCW_AUTOSIZE_USEHEADER);  // the only column is as wide as the list
+  }
+
+ private:
+  int selected() const {
+    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+  }
+  void insert(int at, const std::wstring& text) const {
+    LVITEMW item{};
+    item.mask = LVIF_TEXT;
+    item.iItem = at;
+    item.pszText = const_cast<wchar_t*>(text.c_str());
+    send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+  }
+
+  std::vector<std::string> shown_;
+  bool following_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Binding> bind(ListBox& list, HWND parent) {
+  return std::make_unique<ListBoxBinding>(list, parent);
+}
+std::unique_ptr<Binding> bind(ListView& list, HWND parent) {
+  return std::make_unique<ListViewBinding>(list, parent);
+}
+
+}  // namespace vmgv
