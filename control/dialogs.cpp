@@ -1,5 +1,8 @@
 // Which dialog answers which facet.
 #include "control/application.h"
+#include "dialogs/columns/frm_items.h"
+#include "dialogs/general/frm_other.h"
+#include "dialogs/groupby/frm_group_by.h"
 #include "dialogs/sort/frm_sort.h"
 #include "output/excel/frm_excel.h"
 
@@ -8,6 +11,12 @@ namespace vmgv {
 void installDialogs(Application& application) {
   application.install<frmSort>(
       Facet::Sort, [](frmSort& form, const OpenRequest& request) { form.ShowSort(request.editor); });
+  application.install<frmItems>(
+      Facet::Items, [](frmItems& form, const OpenRequest& request) { form.ShowItems(request.editor, true); });
+  application.install<frmGroupBy>(
+      Facet::Groups, [](frmGroupBy& form, const OpenRequest& request) { form.ShowGroups(request.editor); });
+  application.install<frmOther>(
+      Facet::General, [](frmOther& form, const OpenRequest& request) { form.ShowSettings(request.editor); });
   application.install<frmExcel>(
       Facet::Excel, [](frmExcel& form, const OpenRequest& request) { form.ShowExcel(request.editor); });
 }

@@ -27,6 +27,9 @@ inline constexpr std::int32_t kRecordRow = 0;
 inline constexpr std::int16_t kNoGroupFooter = 0;
 inline constexpr std::int16_t kTotalsGroupFooter = 2;
 
+// Whether a setting is on: Null counts as off. Error 13 for a text that is no Boolean.
+bool isTrue(const Value& setting);
+
 // Whether a PreviewColumn value means that there is no preview row: Null, Empty, "" and 0 alike.
 bool isNoPreviewColumn(const Value& previewColumn);
 

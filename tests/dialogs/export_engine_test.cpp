@@ -65,7 +65,7 @@ TEST(ExportEngine, ColumnsByPositionWithoutTheHiddenOnes) {
   f.grid.columns[2].position = 3;
   f.grid.columns[3].position = 1;
   f.grid.rows = {{0, {1, 2, 3, 4}}, {1, {9, 9, 9, 9}}, {0, {5, 6, 7, 8}}};  // the second is a group's header
-  f.grid.groups = 1;
+  f.grid.groups = {{1, 1}};
   run(f);
   std::string all;
   for (int row = 1; row <= 4; ++row) {

@@ -10,7 +10,7 @@ FakeGrid smallGrid() {
   grid.columns[2].visible = false;
   grid.previewColumn = 3;
   grid.multiSelect = true;
-  grid.groups = 1;
+  grid.groups = {{1, 1}};
   grid.selected = {2};
   grid.rows = {{1, {Null{}, Null{}, Null{}}}, {0, {"text", 2, "preview"}}, {0, {1.5, 9, Null{}}}};
   return grid;

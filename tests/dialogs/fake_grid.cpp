@@ -29,7 +29,7 @@ class FakeGrid::Item final : public NamedObject {
       : NamedObject(type), grid_(grid), at_(at), value_(std::move(value)) {}
 
  private:
-  Value answer(const std::string& name, Access, Args args) override {
+  Value answer(const std::string& name, Access access, Args args) override {
     const std::string type = typeName();
     if (type == "SelectedItem" && name == "RowPosition") return grid_.selected[at_];
     if (type == "ListItem" && name == "Text") return value_;
@@ -39,15 +39,25 @@ class FakeGrid::Item final : public NamedObject {
       }
       throw Error(ErrorNumber::SubscriptOutOfRange);
     }
-    if (type == "SortKey") return name == "ColIndex" ? grid_.sortKeys[at_].first : grid_.sortKeys[at_].second;
+    if (type == "SortKey" || type == "Group") {
+      const auto& [column, order] = (type == "Group" ? grid_.groups : grid_.sortKeys)[at_];
+      return name == "ColIndex" ? column : order;
+    }
     if (type == "Row") {
       const FakeRow& row = grid_.rows[at_];
       return name == "RowType" ? Value(row.type) : row.values[place(args, row.values.size())];
     }
     if (type != "Column") lacks(type, name);
-    const FakeColumn& column = grid_.columns[at_];
+    FakeColumn& column = grid_.columns[at_];
     const auto number = static_cast<std::int32_t>(at_ + 1);
+    if (access == Access::Put && (name == "Visible" || name == "ColPosition")) {
+      grid_.log.push_back("Columns(" + std::to_string(number) + ")." + name + "=" + toText(args[0]));
+      if (name == "Visible") column.visible = toBoolean(args[0]);
+      if (name == "ColPosition") column.position = toLong(args[0]);
+      return {};
+    }
     if (name == "Index") return number;
+    if (name == "DataField") return column.dataField.empty() ? column.caption : column.dataField;
     if (name == "Key") return "k" + std::to_string(number);
     if (name == "Caption") return column.caption;
     if (name == "Visible") return column.visible;
@@ -71,39 +81,56 @@ class FakeGrid::Part final : public NamedObject {
   Value answer(const std::string& name, Access access, Args args) override {
     const std::string type = typeName();
     const bool item = name.empty() || name == "Item";
+    if (type == "Columns" && name == "ItemByPosition") return itemByPosition(toLong(args[0]));
     if (type == "Columns") return item ? itemOf("Column", args, grid_.columns) : countOf(grid_.columns);
     if (type == "SelectedItems")
       return item ? itemOf("SelectedItem", args, grid_.selected) : countOf(grid_.selected);
-    if (type == "Groups") return grid_.groups;
-    if (type == "SortKeys") return sortKeys(name, args);
+    if (type == "Groups") return keys("Group", grid_.groups, name, args);
+    if (type == "SortKeys") return keys("SortKey", grid_.sortKeys, name, args);
     if (name == "Columns" && args.has(0)) return itemOf("Column", args, grid_.columns);
     if (name == "Columns" || name == "SelectedItems" || name == "Groups" || name == "SortKeys") {
       return makeObject<Part>(grid_, name);
     }
-    if (name == "PreviewColumn") return grid_.previewColumn;
+    if (name == "PreviewColumn" && access == Access::Get) return grid_.previewColumn;
+    if (name == "PreviewColumn") grid_.previewColumn = args[0];
+    const auto setting = grid_.settings.find(name);
+    if (setting != grid_.settings.end() && access == Access::Get) return setting->second;
+    if (setting != grid_.settings.end()) setting->second = args[0];
+    if (access == Access::Put && name != "Redraw") {
+      return note(name + "=" + (args[0].isNull() ? "Null" : vmgv::typeName(args[0]) + ":" + toText(args[0])));
+    }
     if (name == "MultiSelect") return grid_.multiSelect;
     if (name == "RowCount") return countOf(grid_.rows);
     if (name == "GetRowData") return itemOf("Row", args, grid_.rows);
-    if (name == "ExpandAll") return note(name);
+    if (name == "ExpandAll" || name == "Refresh") return note(name);
+    if (name == "RefreshGroups") return note(name + " " + toText(args[0]));
     if (name != "Redraw" || access != Access::Put) lacks(type, name);
     grid_.redraw = toBoolean(args[0]);
     return note("Redraw=" + toText(args[0]));
   }
 
-  Value sortKeys(const std::string& name, Args args) {
-    auto& keys = grid_.sortKeys;
-    if (name == "Count") return countOf(keys);
+  Value keys(const char* itemType, std::vector<std::pair<Value, Value>>& all, const std::string& name,
+             Args args) {
+    if (name == "Count") return countOf(all);
     if (name == "Clear") {
-      keys.clear();
-      return note("SortKeys.Clear");
+      all.clear();
+      return note(typeName() + ".Clear");
     }
-    if (name != "Add") return itemOf("SortKey", args, keys);
-    note("SortKeys.Add " + toText(args[0]) + "," + toText(args[1]));
+    if (name != "Add") return itemOf(itemType, args, all);
+    note(typeName() + ".Add " + toText(args[0]) + "," + toText(args[1]));
     const bool known =
-        std::any_of(keys.begin(), keys.end(), [&](const auto& key) { return key.first == args[0]; });
+        std::any_of(all.begin(), all.end(), [&](const auto& key) { return key.first == args[0]; });
     if (known || toLong(args[0]) < 1) throw Error(ErrorNumber::InvalidCall);
-    keys.emplace_back(args[0], args[1]);
+    all.emplace_back(args[0], args[1]);
     return {};
+  }
+
+  Value itemByPosition(std::int32_t position) {
+    for (std::size_t i = 0; i < grid_.columns.size(); ++i) {
+      const int at = grid_.columns[i].position;
+      if ((at ? at : static_cast<int>(i) + 1) == position) return makeObject<Item>(grid_, "Column", i);
+    }
+    throw Error(ErrorNumber::SubscriptOutOfRange);
   }
 
   Value itemOf(const char* type, Args args, const auto& list) {

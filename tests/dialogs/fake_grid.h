@@ -1,6 +1,7 @@
 // A grid in memory that notes what is written to it.
 #pragma once
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,7 +14,8 @@ struct FakeColumn {
   std::string caption;
   int position = 0;  // 0: in the order of creation
   bool visible = true;
-  std::vector<std::pair<Value, std::string>> valueList;
+  std::vector<std::pair<Value, std::string>> valueList = {};
+  std::string dataField = {};
 };
 
 struct FakeRow {
@@ -25,13 +27,15 @@ class FakeGrid {
  public:
   std::vector<FakeColumn> columns;
   std::vector<FakeRow> rows;
-  std::vector<std::pair<Value, Value>> sortKeys;  // column index, order
-  std::vector<std::int32_t> selected;             // row positions
+  std::vector<std::pair<Value, Value>> sortKeys, groups;  // column index, order
+  std::vector<std::int32_t> selected;                     // row positions
   Value previewColumn = Null{};
   bool multiSelect = false;
-  std::int32_t groups = 0;
   bool redraw = true;
-  // "Redraw=True", "SortKeys.Clear", "SortKeys.Add 3,-1", "ExpandAll", in order.
+  std::map<std::string, Value> settings{{"GroupByBoxVisible", true}, {"GroupByBoxInfoText", "Drag here"},
+                                        {"GroupFooterStyle", 0},     {"UseEvenOddColor", false},
+                                        {"ColumnAutoResize", false}, {"PreviewRowLines", 1}};
+  // "Redraw=True", "SortKeys.Clear", "SortKeys.Add 3,-1", "ExpandAll", "Columns(2).Visible=False", in order.
   std::vector<std::string> log;
 
   ObjectRef object();

@@ -128,25 +128,5 @@ TEST(SortDialog, WorksWithoutTexts) {
   EXPECT_EQ(f.grid.sortKeys.size(), 1u);
 }
 
-TEST(SortDialog, AnyFailingCallOfTheGridIsPassedOver) {
-  int failAt = 0;
-  for (int calls = 1; failAt <= calls; ++failAt) {
-    DialogFixture f(gridOfColumns(3));
-    f.grid.sortKeys = {{3, std::int16_t{-1}}, {1, std::int16_t{1}}};
-    Fault fault{failAt};
-    f.control.putRef("Grid", makeObject<FaultyObject>(f.grid.object(), fault));
-    f.show("ShowSort", {f.click("cmdOK")});
-    EXPECT_TRUE(f.grid.redraw) << failAt << " " << fault.failed;
-    EXPECT_TRUE(f.messages().empty()) << failAt << " " << fault.failed;
-    if (failAt > 0) {
-      EXPECT_FALSE(fault.failed.empty()) << failAt;
-      continue;
-    }
-    calls = fault.calls;
-    EXPECT_EQ(f.grid.sortKeys.size(), 2u);
-  }
-  EXPECT_GT(failAt, 20);
-}
-
 }  // namespace
 }  // namespace vmgv
