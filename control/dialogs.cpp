@@ -1,5 +1,6 @@
 // Which dialog answers which facet.
 #include "control/application.h"
+#include "control/frm_summary.h"
 #include "dialogs/columns/frm_items.h"
 #include "dialogs/general/frm_other.h"
 #include "dialogs/groupby/frm_group_by.h"
@@ -9,6 +10,9 @@
 namespace vmgv {
 
 void installDialogs(Application& application) {
+  application.install<frmSummary>(Facet::Summary, [](frmSummary& form, const OpenRequest& request) {
+    form.ShowSummary(request.editor, request.excelVisible);
+  });
   application.install<frmSort>(
       Facet::Sort, [](frmSort& form, const OpenRequest& request) { form.ShowSort(request.editor); });
   application.install<frmItems>(
