@@ -7,14 +7,25 @@
 #include "adapters/grid/grid_object.h"
 #include "control/vmgr_edit.h"
 #include "support/text/utf8.h"
+#include "views/frm_insert.h"
+#include "views/frm_views.h"
 
 namespace vmgv {
 namespace {
 
 constexpr struct {
   const char* name;
-  const char* method;
-} kDialogs[] = {{"sort", "ShowSort"}, {"export", "ShowExcel"}};
+  void (*show)(Application&, const ObjectRef& control);
+} kDialogs[] = {
+    {"summary", [](Application&, const ObjectRef& control) { control.call("ShowSummary"); }},
+    {"columns", [](Application&, const ObjectRef& control) { control.call("ShowItems"); }},
+    {"sort", [](Application&, const ObjectRef& control) { control.call("ShowSort"); }},
+    {"groupby", [](Application&, const ObjectRef& control) { control.call("ShowGroups"); }},
+    {"general", [](Application&, const ObjectRef& control) { control.call("ShowGeneral"); }},
+    {"export", [](Application&, const ObjectRef& control) { control.call("ShowExcel"); }},
+    {"views", [](Application& application, const ObjectRef&) { frmViews(application.services()).Show(); }},
+    {"name", [](Application& application, const ObjectRef&) { frmInsert(application.services()).Insert(); }},
+};
 
 // Texts that are longer by a fifth: what does not fit them has no room to spare.
 class LongerTexts final : public EmbeddedStringService {
@@ -55,9 +66,9 @@ void photograph(const Studio& studio, MlStringService& texts, const ObjectRef& g
   for (const auto& dialog : kDialogs) {
     const std::string path = folder + "/" + dialog.name + end;
     const Photographer photographer(studio.user, path);
-    control.call(dialog.method);
+    dialog.show(application, control);
     if (!photographer.taken())
-      throw Error(ErrorNumber::InvalidCall, std::string(dialog.method) + " opened nothing");
+      throw Error(ErrorNumber::InvalidCall, std::string(dialog.name) + ": nothing opened");
     std::printf("%s\n", path.c_str());
   }
 }
@@ -69,6 +80,7 @@ ObjectRef demoGrid(const std::string& path) {
   engine->addSortKey({3, kSortAscending});
   engine->addSortKey({5, kSortDescending});
   engine->setPreviewColumn(10);
+  for (const std::int32_t hidden : {1, 4, 7, 10}) engine->setVisible(hidden, false);
   return makeGridObject(engine);
 }
 
