@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -20,10 +21,9 @@ struct SampleForm : Form {
     down.setCaption("Φθίνουσα σειρά");
     check.setCaption("R&D");
     label.setCaption("Tom & Jerry");
-    label.buddy = &text;
-    cmdBrowse.setCaption("...");
     cmdOK.setCaption("OK");
     cmdCancel.setCaption("Άκυρο");
+    label.buddy = &text;
     cmdOK.isDefault = cmdCancel.isCancel = true;
     combo.onClick = [this] { note("combo " + std::to_string(combo.listIndex())); };
     up.onClick = [this] { note("up"); };
@@ -36,7 +36,7 @@ struct SampleForm : Form {
     group.content = column({item(up), item(down)});
     frame.content = row({item(combo).stretch(), item(group)});
     content = column({item(frame), item(check), row({item(label), item(text).stretch(), item(cmdBrowse)}),
-                      item(bar), item(rule), buttons({&cmdOK, &cmdCancel})});
+                      buttons({&cmdOK, &cmdCancel})});
     open();
   }
   void note(const std::string& event) { events += (events.empty() ? "" : ", ") + event; }
@@ -51,8 +51,6 @@ struct SampleForm : Form {
   Label& label = add<Label>("label");
   TextBox& text = add<TextBox>("text");
   CommandButton& cmdBrowse = add<CommandButton>("cmdBrowse");
-  ProgressBar& bar = add<ProgressBar>("bar");
-  Line& rule = add<Line>("rule");
   CommandButton& cmdOK = add<CommandButton>("cmdOK");
   CommandButton& cmdCancel = add<CommandButton>("cmdCancel");
 };
@@ -82,19 +80,11 @@ struct Win32Test : testing::Test {
 };
 
 // A top-level window of the host, as long as it lives.
-class HostWindow {
- public:
-  explicit HostWindow(const wchar_t* title)
-      : window_(CreateWindowExW(0, L"STATIC", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 500, 300,
-                                nullptr, nullptr, nullptr, nullptr)) {}
-  HostWindow(const HostWindow&) = delete;
-  HostWindow& operator=(const HostWindow&) = delete;
-  ~HostWindow() { DestroyWindow(window_); }
-  HWND get() const noexcept { return window_; }
-
- private:
-  HWND window_;
-};
+inline auto hostWindow(const wchar_t* title) {
+  const HWND window = CreateWindowExW(0, L"STATIC", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 500, 300,
+                                      nullptr, nullptr, nullptr, nullptr);
+  return std::unique_ptr<HWND__, decltype(&DestroyWindow)>(window, DestroyWindow);
+}
 
 inline std::wstring textOf(HWND window) {
   wchar_t text[200] = L"";

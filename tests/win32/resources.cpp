@@ -4,8 +4,6 @@
 
 #include <winternl.h>
 
-#include <vector>
-
 #include "frontends/win32/window_walk.h"
 
 namespace vmgv {
@@ -13,10 +11,9 @@ namespace {
 
 std::size_t countWindows() {
   std::size_t count = 0;
-  const auto one = [&count](HWND) { return ++count, true; };
   eachThreadWindow([&](HWND window) {
-    eachChild(window, one);
-    return one(window);
+    eachChild(window, [&](HWND) { return ++count, true; });
+    return ++count, true;
   });
   return count;
 }
@@ -30,9 +27,7 @@ std::size_t countGdiObjects() {
     ULONG64 user;
   };
   constexpr std::size_t kTableOffset = sizeof(void*) == 8 ? 0xF8 : 0x94, kEntries = 0x4000;
-  PROCESS_BASIC_INFORMATION process{};
-  NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &process, sizeof process, nullptr);
-  const auto* block = reinterpret_cast<const char*>(process.PebBaseAddress);
+  const auto* block = reinterpret_cast<const char*>(NtCurrentTeb()->ProcessEnvironmentBlock);
   const auto* table = *reinterpret_cast<const Entry* const*>(block + kTableOffset);
   std::size_t count = 0;
   for (std::size_t i = 0; i < kEntries; ++i) {
@@ -41,30 +36,11 @@ std::size_t countGdiObjects() {
   return count;
 }
 
-std::size_t countKernelHandles() {
-  struct Entry {
-    ULONG process;
-    UCHAR type, flags;
-    USHORT handle;
-    void* object;
-    ULONG access;
-  };
-  struct Table {
-    ULONG count;
-    Entry entries[1];
-  };
-  constexpr auto kSystemHandles = static_cast<SYSTEM_INFORMATION_CLASS>(16);
-  std::vector<char> memory(1 << 20);
-  while (NtQuerySystemInformation(kSystemHandles, memory.data(), static_cast<ULONG>(memory.size()), nullptr) <
-         0) {
-    memory.resize(memory.size() * 2);
-  }
-  const auto& table = *reinterpret_cast<const Table*>(memory.data());
-  std::size_t count = 0;
-  for (ULONG i = 0; i < table.count; ++i) {
-    if (table.entries[i].process == GetCurrentProcessId()) ++count;
-  }
-  return count;
+// A new handle takes the lowest number that is free, so what piles up pushes it upwards.
+std::size_t nextKernelHandle() {
+  const HANDLE handle = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  CloseHandle(handle);
+  return reinterpret_cast<std::size_t>(handle);
 }
 
 std::size_t countHeapBlocks() {
@@ -85,7 +61,7 @@ std::size_t countHeapBlocks() {
 }  // namespace
 
 Resources countResources() {
-  return {countWindows(), countGdiObjects(), countKernelHandles(), countHeapBlocks()};
+  return {{countWindows(), countGdiObjects(), nextKernelHandle()}, countHeapBlocks()};
 }
 
 }  // namespace vmgv

@@ -1,13 +1,14 @@
 // What this process holds of the system.
 #pragma once
 
+#include <array>
 #include <cstddef>
 
 namespace vmgv {
 
 struct Resources {
-  std::size_t windows = 0, gdiObjects = 0, kernelHandles = 0, heapBlocks = 0;
-  bool operator==(const Resources&) const = default;
+  std::array<std::size_t, 3> held;  // windows, GDI objects, the next kernel handle
+  std::size_t heapBlocks;
 };
 
 Resources countResources();

@@ -3,17 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <limits>
-
 namespace vmgv::workbook {
 namespace {
 
-TextShape shape;  // of the text encoded last
-
 std::string encoded(std::string_view text) {
   std::string out(text.size() * kMaxGrowth, '\0');
-  shape = {};
+  TextShape shape;
   out.resize(static_cast<std::size_t>(encodeText(out.data(), text, shape) - out.data()));
   return out;
 }
@@ -46,37 +41,6 @@ TEST(Encode, Text) {
       EXPECT_EQ(plain + xml + plain, encoded(plain + text + plain));
     }
   }
-}
-
-TEST(Encode, Shape) {
-  const struct {
-    std::string_view text;
-    int lines, widest;
-  } cases[] = {{"", 1, 0},     {"four", 1, 4},     {"one\nthree\nsix", 3, 5},
-               {"a\n", 2, 1},  {"\n\nab", 3, 2},   {"Αθήνα & Ύδρα", 1, 12},
-               {"中文", 1, 4}, {"a_b<\x01", 1, 5}, {"Στοιχεία\nκαι άλλα", 2, 8}};
-  for (const auto& test : cases) {
-    encoded(test.text);
-    EXPECT_EQ(test.lines, shape.lines) << test.text;
-    EXPECT_EQ(test.widest, shape.widest) << test.text;
-  }
-}
-
-TEST(Encode, NumbersReadBackAsTheyWere) {
-  using Limits = std::numeric_limits<double>;
-  for (const double number : {0.0, -1.0, 0.1, -49999.99, 1e15, 1e21, 123456789012345678.0, 5e-324, 1.0 / 3,
-                              100000.0, Limits::max(), Limits::lowest()}) {
-    char text[32];
-    *encodeNumber(text, number) = '\0';
-    EXPECT_EQ(number, std::strtod(text, nullptr)) << text;
-  }
-}
-
-TEST(Encode, Lengths) {
-  EXPECT_EQ(5u, utf16Units("Αθήνα"));
-  EXPECT_EQ(3u, utf16Units("a\U0001F600"));
-  EXPECT_EQ(2, wrappedLines("01234567890", 10));
-  EXPECT_EQ(4, wrappedLines("Στοιχεία ελέγχου\n\nx", 10));
 }
 
 }  // namespace

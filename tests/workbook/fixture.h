@@ -3,65 +3,76 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <chrono>
 #include <filesystem>
 #include <functional>
-#include <set>
+#include <random>
 #include <string>
-#include <vector>
 
 #include "adapters/workbook/application.h"
+#include "adapters/workbook/paths.h"
 #include "support/automation/error.h"
 #include "support/automation/value.h"
 #include "tests/workbook/workbook_file.h"
 
 namespace vmgv::test {
 
-class FolderHost : public WorkbookHost {
- public:
-  std::string targetPath() override { return target; }
-  void finished(const std::string& path, std::int64_t) override { published.push_back(path); }
-
-  std::string target;
-  std::vector<std::string> published;
-};
-
-class WorkbookTest : public testing::Test {
+class WorkbookTest : public testing::Test, protected WorkbookHost {
  protected:
   WorkbookTest() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "workbook-XXXXXX").string();
-    folder = mkdtemp(pattern.data());
-    host.target = folder + "/out.xlsx";
+    const auto number = std::chrono::steady_clock::now().time_since_epoch().count();
+    folder = std::filesystem::temp_directory_path() / workbook::pathOf("Φάκελος " + std::to_string(number));
+    std::filesystem::create_directory(folder);
+    target = folder / workbook::pathOf("Βιβλίο.xlsx");
   }
-  ~WorkbookTest() override { std::filesystem::remove_all(folder); }
+  ~WorkbookTest() override {
+    application = book = sheet = nullptr;
+    std::filesystem::remove_all(folder);
+  }
+  std::string targetPath() override {
+    return fresh ? freshWorkbookPath(workbook::textOf(folder)) : workbook::textOf(target);
+  }
+  void finished(const std::string& path, std::int64_t rows) override {
+    published = path;
+    publishedRows = rows;
+  }
 
   // Begins a workbook; `sheet` is its sheet.
   void begin() {
-    application = makeWorkbookApplication(host);
-    workbook = application.object("Workbooks").object("Add");
-    sheet = workbook.object("ActiveSheet");
+    application = makeWorkbookApplication(*this);
+    book = application.object("Workbooks").object("Add");
+    sheet = book.object("ActiveSheet");
   }
   void put(int row, int column, const Value& value) {
     sheet.object("Cells", row, column).put("Value", value);
   }
+  // Rows whose text hardly packs.
+  void fill(int rows) {
+    std::minstd_rand random(1);
+    std::string text(2000, ' ');
+    for (int row = 1; row <= rows; ++row) {
+      for (char& c : text) c = static_cast<char>('0' + random() % 75);
+      put(row, 1, text);
+    }
+  }
   ObjectRef range(int row, int first, int last) {
     return sheet.object("Range", sheet.object("Cells", row, first), sheet.object("Cells", row, last));
   }
+  void show() { application.put("Visible", true); }
   WorkbookFile publish() {
-    application.put("Visible", true);
-    return WorkbookFile(host.published.back());
+    show();
+    return WorkbookFile(published);
   }
-  std::set<std::string> folderContent() const {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-      names.insert(entry.path().filename().string());
-    }
-    return names;
+  std::size_t filesInFolder() const {
+    using Entries = std::filesystem::directory_iterator;
+    return static_cast<std::size_t>(std::distance(Entries(folder), Entries()));
   }
 
-  std::string folder;
-  FolderHost host;
-  ObjectRef application, workbook, sheet;
+  std::filesystem::path folder, target;
+  bool fresh = false;  // each workbook gets a name of its own in place of the target
+  std::string published;
+  std::int64_t publishedRows = 0;
+  ObjectRef application, book, sheet;
 };
 
 // Whether a step throws this error, in a text that holds `words`.
