@@ -10,16 +10,12 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <map>
 #include <string>
 
 namespace {
 
 constexpr int kPatience = 15'000, kGlance = 20;  // milliseconds
-
-struct Search {
-  std::wstring title;  // empty: any
-  HWND found = nullptr;
-};
 
 bool isScriptHost(HWND window) {
   DWORD process = 0;
@@ -32,22 +28,13 @@ bool isScriptHost(HWND window) {
   return std::wstring_view(path, length).ends_with(L"cscript.exe");
 }
 
-BOOL CALLBACK look(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<Search*>(parameter);
-  wchar_t text[200] = L"", kind[20] = L"";
-  GetWindowTextW(window, text, 200);
-  GetClassNameW(window, kind, 20);
-  const bool open =
-      IsWindowVisible(window) && IsWindowEnabled(window) && std::wstring_view(kind) == L"#32770";
-  if (!open || (!search.title.empty() && search.title != text) || !isScriptHost(window)) return TRUE;
-  search.found = window;
-  return FALSE;
-}
-
-HWND openDialog(const std::wstring& title) {
-  Search search{title};
-  EnumWindows(look, reinterpret_cast<LPARAM>(&search));
-  return search.found;
+// With any title, where none is given.
+HWND openDialog(const wchar_t* title) {
+  HWND window = nullptr;
+  while ((window = FindWindowExW(nullptr, window, L"#32770", title))) {
+    if (IsWindowVisible(window) && IsWindowEnabled(window) && isScriptHost(window)) break;
+  }
+  return window;
 }
 
 HWND focusIn(HWND dialog) {
@@ -66,16 +53,10 @@ bool comesTrue(Condition&& condition) {
   return false;
 }
 
-WPARAM keyNamed(std::wstring_view name) {
-  constexpr struct {
-    std::wstring_view name;
-    WPARAM key;
-  } kKeys[] = {{L"tab", VK_TAB},     {L"down", VK_DOWN},    {L"up", VK_UP},         {L"left", VK_LEFT},
-               {L"right", VK_RIGHT}, {L"enter", VK_RETURN}, {L"escape", VK_ESCAPE}, {L"space", VK_SPACE}};
-  for (const auto& one : kKeys) {
-    if (one.name == name) return one.key;
-  }
-  return 0;
+WPARAM keyNamed(const std::wstring& name) {
+  static const std::map<std::wstring, WPARAM> kKeys = {
+      {L"tab", VK_TAB}, {L"down", VK_DOWN}, {L"enter", VK_RETURN}, {L"escape", VK_ESCAPE}};
+  return kKeys.contains(name) ? kKeys.at(name) : 0;
 }
 
 // Returns when the dialog waits for messages.
@@ -99,13 +80,13 @@ bool type(HWND dialog, WPARAM key) {
 
 [[noreturn]] void dismissForEver() {
   for (;; Sleep(kGlance)) {
-    if (HWND dialog = openDialog({})) PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0);
+    if (HWND dialog = openDialog(nullptr)) PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0);
   }
 }
 
 bool act(const std::wstring& step, HWND& dialog) {
   if (step.starts_with(L"title=")) {
-    return comesTrue([&] { return (dialog = openDialog(step.substr(6))) != nullptr; });
+    return comesTrue([&] { return (dialog = openDialog(step.c_str() + 6)) != nullptr; });
   }
   if (step.starts_with(L"key=")) return type(dialog, keyNamed(step.substr(4)));
   if (step == L"gone") return comesTrue([&] { return !IsWindow(dialog) || !IsWindowVisible(dialog); });

@@ -5,32 +5,32 @@
 namespace vmgv::test {
 namespace {
 
+// The apartment that all tests live in. At the end nothing of the servers may be left.
+struct Apartment : testing::Environment {
+  void SetUp() override { ASSERT_EQ(S_OK, OleInitialize(nullptr)); }
+  void TearDown() override {
+    EXPECT_EQ(S_OK, controlLibrary().canUnload());
+    OleUninitialize();
+  }
+};
+
+[[maybe_unused]] const auto* const kApartment = testing::AddGlobalTestEnvironment(new Apartment);
+
 std::wstring besideTheTests(const wchar_t* file) {
-  wchar_t path[MAX_PATH];
-  GetModuleFileNameW(nullptr, path, MAX_PATH);
-  const std::wstring program(path);  // build/tests/control/control_test.exe
-  std::wstring folder = program;
+  wchar_t program[MAX_PATH];
+  GetModuleFileNameW(nullptr, program, MAX_PATH);
+  std::wstring folder = program;  // build/tests/control/control_test.exe
   for (int up = 0; up < 3; ++up) folder.resize(folder.find_last_of(L'\\'));
   return folder + L"\\bin\\" + file;
 }
 
-template <class Function>
-Function entry(HMODULE module, const char* name) {
-  return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
-}
-
-int closedDialogs = 0;
-UINT_PTR timer = 0;
-std::wstring title;
-
 BOOL CALLBACK closeDialog(HWND window, LPARAM) {
-  if (!IsWindowVisible(window) || !IsWindowEnabled(window) || GetWindow(window, GW_OWNER) == window)
-    return TRUE;
-  if (!(GetWindowLongW(window, GWL_STYLE) & WS_SYSMENU)) return TRUE;
-  wchar_t text[200] = L"";
-  GetWindowTextW(window, text, 200);
-  title = text;
-  ++closedDialogs;
+  const bool open = IsWindowVisible(window) && IsWindowEnabled(window);
+  if (!open || !(GetWindowLongW(window, GWL_STYLE) & WS_SYSMENU)) return TRUE;
+  wchar_t title[200] = L"";
+  GetWindowTextW(window, title, 200);
+  ClosesDialogs::lastTitle = title;
+  ++ClosesDialogs::closed;
   SendMessageW(window, WM_CLOSE, 0, 0);
   return FALSE;
 }
@@ -39,22 +39,12 @@ void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) { EnumThreadWindows(GetCurrentTh
 
 }  // namespace
 
-Library::Library(const wchar_t* file) : path_(besideTheTests(file)) {
-  HMODULE module = LoadLibraryW(path_.c_str());
-  classObject_ = entry<decltype(classObject_)>(module, "DllGetClassObject");
-  canUnload_ = entry<decltype(canUnload_)>(module, "DllCanUnloadNow");
-  register_ = entry<decltype(register_)>(module, "DllRegisterServer");
-  unregister_ = entry<decltype(unregister_)>(module, "DllUnregisterServer");
-  if (!classObject_ || !canUnload_ || !register_ || !unregister_) {
-    std::fprintf(stderr, "%s cannot be loaded, or lacks an entry point\n", narrow(path_).c_str());
-    std::abort();
-  }
-}
-
-ComPtr<IClassFactory> Library::factory(REFCLSID clsid) const {
-  ComPtr<IClassFactory> factory;
-  EXPECT_EQ(S_OK, classObject_(clsid, IID_IClassFactory, factory.putVoid()));
-  return factory;
+Library::Library(const wchar_t* file) : path(besideTheTests(file)) {
+  HMODULE module = LoadLibraryW(path.c_str());
+  classObject = entry<decltype(classObject)>(module, "DllGetClassObject");
+  canUnload = entry<decltype(canUnload)>(module, "DllCanUnloadNow");
+  enter = entry<decltype(enter)>(module, "DllRegisterServer");
+  remove = entry<decltype(remove)>(module, "DllUnregisterServer");
 }
 
 const Library& controlLibrary() {
@@ -69,24 +59,25 @@ const Library& stringLibrary() {
 
 Registered::Registered(const Library& library) : library_(library) { EXPECT_EQ(S_OK, library.enter()); }
 
+ComPtr<IClassFactory> controlFactory() {
+  ComPtr<IClassFactory> factory;
+  EXPECT_EQ(S_OK, controlLibrary().classObject(__uuidof(::vmgrEdit), IID_IClassFactory, factory.putVoid()));
+  return factory;
+}
+
 ComPtr<_vmgrEdit> makeControl() {
   ComPtr<_vmgrEdit> control;
-  EXPECT_EQ(S_OK, controlLibrary()
-                      .factory(__uuidof(::vmgrEdit))
-                      ->CreateInstance(nullptr, __uuidof(_vmgrEdit), control.putVoid()));
+  EXPECT_EQ(S_OK, controlFactory()->CreateInstance(nullptr, __uuidof(_vmgrEdit), control.putVoid()));
   return control;
 }
 
-DISPID idOf(IDispatch& object, const wchar_t* name) {
-  DISPID id = DISPID_UNKNOWN;
-  auto* text = const_cast<wchar_t*>(name);
-  EXPECT_EQ(S_OK, object.GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id)) << narrow(name);
-  return id;
+ComPtr<IConnectionPoint> notificationsOf(_vmgrEdit& control) {
+  ComPtr<IConnectionPoint> point;
+  const auto points = ComPtr(&control).as<IConnectionPointContainer>();
+  EXPECT_EQ(S_OK, points->FindConnectionPoint(IID_IPropertyNotifySink, point.put()));
+  return point;
 }
 
-ClosesDialogs::ClosesDialogs() { timer = SetTimer(nullptr, 0, 20, tick); }
-ClosesDialogs::~ClosesDialogs() { KillTimer(nullptr, timer); }
-int ClosesDialogs::closed() noexcept { return closedDialogs; }
-std::wstring ClosesDialogs::lastTitle() { return title; }
+ClosesDialogs::ClosesDialogs() : timer_(SetTimer(nullptr, 0, 20, tick)) {}
 
 }  // namespace vmgv::test

@@ -5,6 +5,7 @@
 //
 #include <olectl.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "frontends/com/com_object.h"
@@ -16,23 +17,22 @@
 
 namespace vmgv::test {
 
-class Library {
- public:
+// Throws where the library is missing, or lacks the function.
+template <class Function>
+Function entry(HMODULE module, const char* name) {
+  const auto found = GetProcAddress(module, name);
+  if (!found) throw std::runtime_error(std::string("no entry point ") + name);
+  return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(found));
+}
+
+struct Library {
   explicit Library(const wchar_t* file);
 
-  const std::wstring& path() const noexcept { return path_; }
-  ComPtr<IClassFactory> factory(REFCLSID clsid) const;
-  HRESULT canUnload() const { return canUnload_(); }
-  HRESULT enter() const { return register_(); }
-  HRESULT remove() const { return unregister_(); }
-  HRESULT classObject(REFCLSID clsid, REFIID iid, void** out) const { return classObject_(clsid, iid, out); }
-
- private:
-  std::wstring path_;
-  decltype(&DllGetClassObject) classObject_;
-  decltype(&DllCanUnloadNow) canUnload_;
-  HRESULT(STDAPICALLTYPE* register_)();
-  HRESULT(STDAPICALLTYPE* unregister_)();
+  std::wstring path;
+  decltype(&DllGetClassObject) classObject;
+  decltype(&DllCanUnloadNow) canUnload;
+  decltype(&DllRegisterServer) enter;
+  decltype(&DllUnregisterServer) remove;
 };
 
 const Library& controlLibrary();
@@ -42,28 +42,29 @@ const Library& stringLibrary();
 class Registered {
  public:
   explicit Registered(const Library& library);
-  Registered(const Registered&) = delete;
-  Registered& operator=(const Registered&) = delete;
+  Registered(Registered&&) = delete;
   ~Registered() { library_.remove(); }
 
  private:
   const Library& library_;
 };
 
+ComPtr<IClassFactory> controlFactory();
 ComPtr<_vmgrEdit> makeControl();
-
-DISPID idOf(IDispatch& object, const wchar_t* name);
+ComPtr<IConnectionPoint> notificationsOf(_vmgrEdit& control);
 
 // Closes every dialog that opens in this thread, as by its title bar, until it goes out of scope.
 class ClosesDialogs {
  public:
   ClosesDialogs();
-  ClosesDialogs(const ClosesDialogs&) = delete;
-  ClosesDialogs& operator=(const ClosesDialogs&) = delete;
-  ~ClosesDialogs();
+  ClosesDialogs(ClosesDialogs&&) = delete;
+  ~ClosesDialogs() { KillTimer(nullptr, timer_); }
 
-  static int closed() noexcept;     // since the first one was made
-  static std::wstring lastTitle();  // of the dialog closed last
+  static inline int closed = 0;          // since the program started
+  static inline std::wstring lastTitle;  // of the dialog closed last
+
+ private:
+  UINT_PTR timer_;
 };
 
 }  // namespace vmgv::test

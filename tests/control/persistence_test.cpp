@@ -6,15 +6,13 @@
 namespace vmgv::test {
 namespace {
 
-// A control in a container, and the three ways to keep it.
+// A control in a container whose font is DejaVu Sans 12.
 struct Placed {
-  explicit Placed(ComPtr<IFontDisp> ambient) : container(makeComObject<Container>(std::move(ambient))) {
-    EXPECT_EQ(S_OK, control.as<IOleObject>()->SetClientSite(container.get()));
-  }
+  Placed() { EXPECT_EQ(S_OK, control.as<IOleObject>()->SetClientSite(container.get())); }
   ~Placed() { control.as<IOleObject>()->SetClientSite(nullptr); }
 
   ComPtr<_vmgrEdit> control = makeControl();
-  ComPtr<Container> container;
+  ComPtr<Container> container = makeComObject<Container>(makeFont(L"DejaVu Sans", 12));
 };
 
 void copyByBag(_vmgrEdit& from, _vmgrEdit& to) {
@@ -23,35 +21,41 @@ void copyByBag(_vmgrEdit& from, _vmgrEdit& to) {
   EXPECT_EQ(S_OK, ComPtr(&to).as<IPersistPropertyBag>()->Load(bag.get(), nullptr));
 }
 
-void copyByStream(_vmgrEdit& from, _vmgrEdit& to) {
+ComPtr<IStream> streamOf(std::string_view content) {
   ComPtr<IStream> stream;
-  ASSERT_EQ(S_OK, CreateStreamOnHGlobal(nullptr, TRUE, stream.put()));
-  EXPECT_EQ(S_OK, ComPtr(&from).as<IPersistStreamInit>()->Save(stream.get(), TRUE));
-  ULARGE_INTEGER used{}, atMost{};
-  stream->Seek({}, STREAM_SEEK_CUR, &used);
-  EXPECT_EQ(S_OK, ComPtr(&from).as<IPersistStreamInit>()->GetSizeMax(&atMost));
-  EXPECT_LE(used.QuadPart, atMost.QuadPart);
+  EXPECT_EQ(S_OK, CreateStreamOnHGlobal(nullptr, TRUE, stream.put()));
+  stream->Write(content.data(), static_cast<ULONG>(content.size()), nullptr);
   stream->Seek({}, STREAM_SEEK_SET, nullptr);
-  EXPECT_EQ(S_OK, ComPtr(&to).as<IPersistStreamInit>()->Load(stream.get()));
+  return stream;
 }
 
-void copyByStorage(_vmgrEdit& from, _vmgrEdit& to) {
-  ComPtr<IStorage> storage;
-  ASSERT_EQ(S_OK, StgCreateDocfile(nullptr,
-                                   STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE | STGM_DELETEONRELEASE,
-                                   0, storage.put()));
-  EXPECT_EQ(S_OK, ComPtr(&from).as<IPersistStorage>()->Save(storage.get(), TRUE));
-  EXPECT_EQ(S_OK, ComPtr(&from).as<IPersistStorage>()->SaveCompleted(nullptr));
-  EXPECT_EQ(S_OK, ComPtr(&to).as<IPersistStorage>()->Load(storage.get()));
+// What the control writes.
+std::string bytesOf(_vmgrEdit& control) {
+  const auto stream = streamOf({});
+  EXPECT_EQ(S_OK, ComPtr(&control).as<IPersistStreamInit>()->Save(stream.get(), TRUE));
+  ULARGE_INTEGER used{}, atMost{};
+  stream->Seek({}, STREAM_SEEK_CUR, &used);
+  stream->Seek({}, STREAM_SEEK_SET, nullptr);
+  EXPECT_EQ(S_OK, ComPtr(&control).as<IPersistStreamInit>()->GetSizeMax(&atMost));
+  EXPECT_LE(used.QuadPart, atMost.QuadPart);
+  std::string bytes(used.QuadPart, '\0');
+  stream->Read(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+  return bytes;
+}
+
+void copyByStream(_vmgrEdit& from, _vmgrEdit& to) {
+  EXPECT_EQ(S_OK, ComPtr(&to).as<IPersistStreamInit>()->Load(streamOf(bytesOf(from)).get()));
 }
 
 class Persistence : public testing::TestWithParam<void (*)(_vmgrEdit&, _vmgrEdit&)> {};
+INSTANTIATE_TEST_SUITE_P(Ways, Persistence, testing::Values(copyByBag, copyByStream));
 
 TEST_P(Persistence, KeepsAFontOfItsOwnAndNothingElse) {
-  Placed from(makeFont(L"DejaVu Sans", 12)), to(makeFont(L"DejaVu Sans", 12));
+  const Placed from, to;
   from.control->putref_Font(makeFont(L"DejaVu Sans Mono", 12, true).get());
   from.control->put_excelVisible(VARIANT_FALSE);
   from.control->put_CurrentView(BString(L"view").get());
+  EXPECT_EQ(S_OK, from.control.as<IPersistStreamInit>()->IsDirty());
   GetParam()(*from.control, *to.control);
   EXPECT_EQ("DejaVu Sans Mono 12 bold", fontOf(*to.control));
   EXPECT_EQ(S_FALSE, from.control.as<IPersistStreamInit>()->IsDirty());
@@ -64,82 +68,43 @@ TEST_P(Persistence, KeepsAFontOfItsOwnAndNothingElse) {
 }
 
 TEST_P(Persistence, AFontLikeTheContainersFollowsTheContainer) {
-  Placed from(makeFont(L"DejaVu Sans", 12)), to(makeFont(L"DejaVu Serif", 9));
+  const Placed from, to;
+  to.container->ambient = makeFont(L"DejaVu Serif", 9);
   from.control->putref_Font(makeFont(L"DejaVu Sans", 12).get());  // equal, though another object
   GetParam()(*from.control, *to.control);
   EXPECT_EQ("DejaVu Serif 9", fontOf(*to.control));
 }
 
-INSTANTIATE_TEST_SUITE_P(Ways, Persistence, testing::Values(copyByBag, copyByStream, copyByStorage));
-
-TEST(Persistence, AFontLikeTheContainersIsNotInTheBag) {
-  Placed placed(makeFont(L"DejaVu Sans", 12));
+TEST(Fonts, TheAmbientOneServesUntilThereIsAnother) {
+  const Placed placed;
+  placed.container->ambient = makeFont(L"DejaVu Serif", 9);  // it is taken when first asked for
+  EXPECT_EQ("DejaVu Serif 9", fontOf(*placed.control));
   const auto bag = makeComObject<Bag>();
   for (const bool own : {false, true}) {
     if (own) placed.control->putref_Font(makeFont(L"DejaVu Sans", 15).get());
     EXPECT_EQ(S_OK, placed.control.as<IPersistPropertyBag>()->Save(bag.get(), TRUE, TRUE));
     EXPECT_EQ(own, bag->kept.contains(L"Font"));
   }
-}
-
-TEST(Persistence, TheAmbientFontIsTakenWhenFirstAskedFor) {
-  Placed placed(makeFont(L"DejaVu Sans", 12));
-  placed.container->ambient = makeFont(L"DejaVu Serif", 9);
-  EXPECT_EQ("DejaVu Serif 9", fontOf(*placed.control));
-  placed.container->ambient = nullptr;
+  placed.control->putref_Font(nullptr);
   EXPECT_EQ("DejaVu Serif 9", fontOf(*placed.control));
   EXPECT_EQ(described(makeFont(L"Tahoma", 8).get()), fontOf(*makeControl()));  // no container at all
 }
 
-TEST(Persistence, ANewFontIsAnnounced) {
-  Placed placed(makeFont(L"DejaVu Sans", 12));
-  ComPtr<IConnectionPoint> point;
-  DWORD cookie = 0;
-  ASSERT_EQ(S_OK, placed.control.as<IConnectionPointContainer>()->FindConnectionPoint(IID_IPropertyNotifySink,
-                                                                                      point.put()));
-  ASSERT_EQ(S_OK, point->Advise(static_cast<IPropertyNotifySink*>(placed.container.get()), &cookie));
-  const auto persisted = placed.control.as<IPersistStreamInit>();
-  EXPECT_EQ(S_OK, persisted->InitNew());
-  EXPECT_EQ(S_FALSE, persisted->IsDirty());
-  placed.control->putref_Font(makeFont(L"DejaVu Sans", 15).get());
-  EXPECT_EQ(std::vector<DISPID>{0x6803000C}, placed.container->changes);
-  EXPECT_EQ(S_OK, persisted->IsDirty());
-  EXPECT_EQ(S_OK, point->Unadvise(cookie));
-  EXPECT_EQ(CONNECT_E_NOCONNECTION, point->Unadvise(cookie));
-  placed.control->putref_Font(nullptr);
-  EXPECT_EQ(1U, placed.container->changes.size());
-  EXPECT_EQ("DejaVu Sans 12", fontOf(*placed.control));  // nothing set: the container's again
-}
-
 // A form's file may be cut short, or come from somewhere else.
-TEST(Persistence, DamagedStreamsAreRefusedAndChangeNothing) {
-  Placed placed(makeFont(L"DejaVu Sans", 12));
+TEST(Streams, DamagedOnesAreRefusedAndChangeNothing) {
+  const Placed placed;
   placed.control->putref_Font(makeFont(L"DejaVu Sans Mono", 12).get());
-  ComPtr<IStream> whole;
-  CreateStreamOnHGlobal(nullptr, TRUE, whole.put());
-  placed.control.as<IPersistStreamInit>()->Save(whole.get(), FALSE);
-  ULARGE_INTEGER size{};
-  whole->Seek({}, STREAM_SEEK_CUR, &size);
-  std::vector<char> bytes(size.QuadPart);
-  whole->Seek({}, STREAM_SEEK_SET, nullptr);
-  whole->Read(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
-  const auto load = [&](const std::vector<char>& content) {
-    ComPtr<IStream> stream;
-    CreateStreamOnHGlobal(nullptr, TRUE, stream.put());
-    stream->Write(content.data(), static_cast<ULONG>(content.size()), nullptr);
-    stream->Seek({}, STREAM_SEEK_SET, nullptr);
-    return placed.control.as<IPersistStreamInit>()->Load(stream.get());
-  };
-  for (std::size_t length = 0; length < bytes.size(); ++length) {
-    EXPECT_TRUE(FAILED(load({bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)}))) << length;
-  }
-  for (const std::size_t byte : {0, 4}) {  // the signature, and whether there is a font
-    std::vector<char> wrong = bytes;
-    wrong[byte] = static_cast<char>(wrong[byte] ^ 0x55);
-    EXPECT_TRUE(FAILED(load(wrong))) << byte;
+  const std::string whole = bytesOf(*placed.control);
+  std::vector<std::string> damaged(2, whole);
+  damaged[0][0] ^= 0x55;  // the signature
+  damaged[1][4] ^= 0x55;  // whether there is a font
+  for (std::size_t length = 0; length < whole.size(); ++length) damaged.push_back(whole.substr(0, length));
+  const auto persisted = placed.control.as<IPersistStreamInit>();
+  for (const std::string& one : damaged) {
+    EXPECT_TRUE(FAILED(persisted->Load(streamOf(one).get()))) << one.size();
   }
   EXPECT_EQ("DejaVu Sans Mono 12", fontOf(*placed.control));
-  EXPECT_EQ(S_OK, load(bytes));
+  EXPECT_EQ(S_OK, persisted->Load(streamOf(whole).get()));
 }
 
 }  // namespace
