@@ -216,7 +216,7 @@ void HeadlessDesktop::pick(const std::optional<std::string>& path) {
 }
 
 void HeadlessDesktop::picture(const std::string&) {
-  throw Error(ErrorNumber::InvalidCall, "there is no screen; pictures need --frontend qt");
+  throw Error(ErrorNumber::InvalidCall, "there is no screen; pictures need another --frontend");
 }
 
 }  // namespace vmgv

@@ -37,9 +37,8 @@ class Session {
  protected:
   const Options& options() const noexcept { return options_; }
   const ObjectRef& grid() const noexcept { return grid_; }
-  const std::filesystem::path& namedWorkbook() const noexcept {
-    return workbook_;
-  }  // by the script, for the next
+  // Where the script wants the next workbook; empty: it does not say.
+  const std::filesystem::path& namedWorkbook() const noexcept { return workbook_; }
   void noteWorkbook(const std::string& path, std::int64_t rows);
 
  private:

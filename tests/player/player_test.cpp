@@ -52,7 +52,7 @@ TEST_F(PlayerTest, AtTheHost) {
       {"call Nothing", ":1: error 438: Thing lacks Nothing\n"},
       {"select 4", ":1: expected a row from 1 to 3, found 4\n"},
       {"rows a.tsv 2 4", ":1: expected rows within 1 to 3, found 2 to 4\n"},
-      {"picture a.png", ":1: error 5: there is no screen; pictures need --frontend qt\n"},
+      {"picture a.png", ":1: error 5: there is no screen; pictures need another --frontend\n"},
       {"wait\nclick cmdOK\ncall Echo y", ":2: expected a dialog, found nothing open\n"},
       {"expect message x", ":1: expected a dialog or box, found nothing open\n"},
   });
