@@ -3,14 +3,9 @@
 
 #include <activscp.h>
 
-#include <string>
-#include <string_view>
-
-#include "frontends/com/bridge.h"
-#include "frontends/com/com_object.h"
 #include "frontends/com/text.h"
-#include "frontends/com/variant.h"
 #include "frontends/com/wall.h"
+#include "tests/com/things.h"
 
 namespace vmgv::test {
 
@@ -24,16 +19,9 @@ class ScriptSite final : public ComObject<IActiveScriptSite> {
   HRESULT STDMETHODCALLTYPE OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE OnStateChange(SCRIPTSTATE) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE OnScriptError(IActiveScriptError* error) override {
-    EXCEPINFO info{};
-    DWORD context = 0;
-    ULONG line = 0;
-    LONG column = 0;
-    error->GetExceptionInfo(&info);
-    error->GetSourcePosition(&context, &line, &column);
-    lastError = "line " + std::to_string(line + 1) + ": " + narrow(BString::view(info.bstrDescription));
-    SysFreeString(info.bstrSource);
-    SysFreeString(info.bstrDescription);
-    SysFreeString(info.bstrHelpFile);
+    Exception exception;
+    error->GetExceptionInfo(&exception);
+    lastError = narrow(BString::view(exception.bstrDescription));
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE OnEnterScript() override { return S_OK; }
@@ -52,9 +40,8 @@ class Script {
     check(engine_->SetScriptSite(site.get()));
     check(parser->InitNew());
     check(engine_->SetScriptState(SCRIPTSTATE_STARTED));
-    const HRESULT parsed = parser->ParseScriptText(wide(text).c_str(), nullptr, nullptr, nullptr, 0, 0,
-                                                   SCRIPTTEXT_ISVISIBLE, nullptr, nullptr);
-    check(parsed, site->lastError);
+    check(parser->ParseScriptText(wide(text).c_str(), nullptr, nullptr, nullptr, 0, 0, SCRIPTTEXT_ISVISIBLE,
+                                  nullptr, nullptr));
     ComPtr<IDispatch> dispatch;
     check(engine_->GetScriptDispatch(nullptr, dispatch.put()));
     globals = wrapDispatch(dispatch.get());

@@ -1,11 +1,16 @@
 // Every type of value on its way in, out and back.
-#include <cmath>
-
 #include "frontends/com/text.h"
 #include "tests/com/things.h"
 
 namespace vmgv::test {
 namespace {
+
+VARIANT referenceTo(VARIANT& target, VARTYPE type) {
+  VARIANT reference;
+  V_VT(&reference) = type | VT_BYREF;
+  V_BYREF(&reference) = type == VT_VARIANT ? static_cast<void*>(&target) : &V_I8(&target);
+  return reference;
+}
 
 VARIANT variantOf(VARTYPE type, std::int64_t bits) {
   VARIANT variant;
@@ -23,7 +28,6 @@ TEST(Values, WholeNumbersOfEveryWidth) {
       {VT_EMPTY, 0, {}},
       {VT_NULL, 0, Null{}},
       {VT_BOOL, VARIANT_TRUE, true},
-      {VT_BOOL, 0, false},
       {VT_ERROR, DISP_E_PARAMNOTFOUND, Missing{}},
       {VT_I1, 0xFF, std::int16_t{-1}},
       {VT_UI1, 0xFF, Currency{2550000}},
@@ -31,10 +35,8 @@ TEST(Values, WholeNumbersOfEveryWidth) {
       {VT_UI2, 0xFFFF, 65535},
       {VT_I4, 0xFFFFFFFF, -1},
       {VT_INT, 0xFFFFFFFF, -1},
-      {VT_UI4, 0x7FFFFFFF, 0x7FFFFFFF},
       {VT_UI4, 0xFFFFFFFF, *Decimal::fromText("4294967295")},
       {VT_UINT, 0xFFFFFFFF, *Decimal::fromText("4294967295")},
-      {VT_I8, -5, -5},
       {VT_I8, std::int64_t{-5000000000}, *Decimal::fromText("-5000000000")},
       {VT_UI8, -1, *Decimal::fromText("18446744073709551615")},
       {VT_CY, -12345, Currency{-12345}},
@@ -43,36 +45,24 @@ TEST(Values, WholeNumbersOfEveryWidth) {
     VARIANT variant = variantOf(test.type, test.bits);
     EXPECT_EQ(test.expected, fromVariant(variant)) << test.type;
     if (test.type <= VT_NULL) continue;
-    VARIANT reference, twice;
-    V_VT(&reference) = test.type | VT_BYREF;
-    V_BYREF(&reference) = &V_I8(&variant);
+    VARIANT reference = referenceTo(variant, test.type);
     EXPECT_EQ(test.expected, fromVariant(reference)) << "by reference " << test.type;
-    V_VT(&twice) = VT_VARIANT | VT_BYREF;
-    V_VARIANTREF(&twice) = &reference;
-    EXPECT_EQ(test.expected, fromVariant(twice)) << "by two references " << test.type;
+    EXPECT_EQ(test.expected, fromVariant(referenceTo(reference, VT_VARIANT))) << "by two " << test.type;
   }
 }
 
 TEST(Values, ThereAndBack) {
   const ObjectRef thing = makeObject<Thing>();
-  std::string everything;
-  for (char32_t c = 1; c < 0x800; ++c) everything += narrow(std::wstring(1, static_cast<wchar_t>(c)));
   const Value values[] = {{},
                           Null{},
                           Missing{},
-                          true,
-                          false,
                           std::int16_t{-32768},
-                          0x7FFFFFFF,
                           1.5f,
                           -1e308,
                           Currency{-1},
                           Date{-1.25},
                           *Decimal::fromText("-79228162514264337593543950335"),
-                          *Decimal::fromText("0.0000000000000000000000000001"),
-                          "",
                           std::string("a\0b", 3),
-                          everything,
                           "Αθήνα \U0001F600",
                           std::string(10000000, 'x'),
                           thing,
@@ -80,44 +70,24 @@ TEST(Values, ThereAndBack) {
   for (const Value& value : values) {
     Variant variant(value);
     EXPECT_EQ(value, variant.value()) << typeName(value);
-    VARIANT reference;
-    V_VT(&reference) = VT_VARIANT | VT_BYREF;
-    V_VARIANTREF(&reference) = &variant;
-    EXPECT_EQ(value, fromVariant(reference)) << typeName(value);
+    EXPECT_EQ(value, fromVariant(referenceTo(variant, VT_VARIANT))) << typeName(value);
     if (V_VT(&variant) <= VT_NULL || V_VT(&variant) == VT_DECIMAL) continue;
-    V_VT(&reference) = V_VT(&variant) | VT_BYREF;
-    V_BYREF(&reference) = &V_I8(&variant);
-    EXPECT_EQ(value, fromVariant(reference)) << typeName(value);
+    EXPECT_EQ(value, fromVariant(referenceTo(variant, V_VT(&variant)))) << typeName(value);
   }
 }
 
-TEST(Values, MalformedTextIsReplaced) {
-  EXPECT_EQ(
-      "\xEF\xBF\xBD"
-      "a",
-      narrow(L"\xD800"
-             "a"));
-  EXPECT_EQ(
-      L"\xFFFD"
-      "a",
-      wide("\xFF"
-           "a"));
-}
-
 TEST(Values, WhatCannotBeUsedSaysSo) {
-  VARIANT array = variantOf(VT_ARRAY | VT_VARIANT, 0);
-  VARIANT itself;
-  V_VT(&itself) = VT_VARIANT | VT_BYREF;
-  V_VARIANTREF(&itself) = &itself;
+  VARIANT itself = referenceTo(itself, VT_VARIANT);
   const std::pair<VARIANT, const char*> cases[] = {
-      {array, "13: An array cannot be used here"},
+      {variantOf(VT_ARRAY | VT_VARIANT, 0), "13: An array cannot be used here"},
       {variantOf(VT_ARRAY | VT_BYREF | VT_I4, 0), "13: An array cannot be used here"},
       {variantOf(VT_ERROR, DISP_E_OVERFLOW), "13: An error value cannot be used here"},
       {variantOf(VT_RECORD, 0), "13: A value of the automation type 36 cannot be used here"},
-      {variantOf(VT_BYREF | VT_I4, 0), "5: A value is passed by a null reference"},
       {variantOf(VT_BYREF | VT_VARIANT, 0), "5: A value is passed by a null reference"},
       {itself, "13: A value of the automation type 16396 cannot be used here"},
   };
+  EXPECT_EQ("\uFFFDz", narrow(L"\xD800z"));  // malformed text is replaced
+  EXPECT_EQ(L"\uFFFDz", wide("\xFFz"));
   for (const auto& [variant, words] : cases) EXPECT_EQ(words, errorOfStep([&] { fromVariant(variant); }));
 }
 

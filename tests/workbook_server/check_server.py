@@ -1,4 +1,4 @@
-"""check_server.py RUN SERVER.dll CLIENT.exe BITS: registers the server, fills workbooks from outside, reads them.
+"""check_server.py RUN SERVER.dll BITS: registers the server, has a script fill a workbook, reads it.
 
 RUN starts a Windows program. The registry is as before at the end.
 """
@@ -14,7 +14,6 @@ PROG_ID = "vmGridViewsTest.Application"
 SCRIPT = r'''
 Function Named(wanted)
   On Error Resume Next
-  Dim found
   Set found = app.ActiveWorkbook.Sheets(wanted)
   Named = Err.Number
 End Function
@@ -37,6 +36,9 @@ sheet.Cells(1, 5).NumberFormat = "@"
 sheet.Cells(1, 5).Value = "00123"
 sheet.Cells(1, 6).Value = Null
 sheet.Cells(1, 7).Value = sheet.Cells(1, 2)
+sheet.Cells(1, 8).Value = CCur(-12.3456)
+sheet.Cells(1, 9).Value = "a & <b>" & vbLf & "007"
+sheet.Cells(1, 10).Value = String(32767, "x")
 Set range = sheet.Range(sheet.Cells(2, 1), sheet.Cells(2, 4))
 range.Merge
 range.WrapText = True
@@ -89,11 +91,6 @@ def same(what, found, wanted):
         sys.exit(f"{what}: {found!r} instead of {wanted!r}")
 
 
-def unchanged(what, found, wanted):
-    if found != wanted:
-        sys.exit(f"{what}: {sorted(found - wanted)} too many, {sorted(wanted - found)} missing")
-
-
 def check_script(windows):
     with open(os.path.join(windows.folder, "fill.vbs"), "w", encoding="ascii") as script:
         script.write(SCRIPT)
@@ -104,33 +101,20 @@ def check_script(windows):
     book = openpyxl.load_workbook(os.path.join(windows.folder, "Book1.xlsx"))
     sheet = book["Script"]
     same("the script's cells", [cell.value for cell in sheet[1]],
-         ["text", 1.5, True, datetime.datetime(2023, 3, 15, 12), "00123", None, 1.5])
+         ["text", 1.5, True, datetime.datetime(2023, 3, 15, 12), "00123", None, 1.5, -12.3456,
+          "a & <b>\n007", "x" * 32767])
     same("a text's format", sheet["E1"].number_format, "@")
     same("the merged cells", [str(area) for area in sheet.merged_cells.ranges], ["A2:D2"])
     same("their text", (sheet["A2"].value, sheet["A2"].alignment.wrap_text), ("merged", True))
 
 
-def check_client(windows, client):
-    output = windows(client, PROG_ID)
-    same("the client's output", output, [
-        "1004 Cell A1: a worksheet's dates begin in 1900", "0 objects left"])
-    sheet = openpyxl.load_workbook(os.path.join(windows.folder, "Book2.xlsx")).worksheets[0]
-    same("the values", [cell.value for cell in sheet[1]], [
-        None, None, True, -5, 100000, 1.5, 1234.5678901234567, -12.3456, 12.5, datetime.datetime(2023, 3, 15),
-        datetime.datetime(2023, 3, 15, 6), "Αθήνα & <Ύδρα>", "007", "x" * 32767, "line 1\nline 2"])
-    rows = [[cell.value for cell in row[:5]] for row in sheet.iter_rows(min_row=2, max_row=10001)]
-    same("the rows", rows, [[str(row)] + [row * 1.25 + i for i in range(2, 6)] for row in range(2, 10002)])
-    same("the merged cells", [str(area) for area in sheet.merged_cells.ranges], ["A10002:C10002"])
-
-
-def main(run, server, client, bits):
+def main(run, server, bits):
     with tempfile.TemporaryDirectory() as folder:
         windows = Windows(run, folder, bits)
         dll = windows_path(server)
         before = windows.classes()
         windows("regsvr32.exe", "/s", "/n", "/i:" + PROG_ID, dll)
         check_script(windows)
-        check_client(windows, client)
         # somebody else's program id is left alone, and ours goes without the server's own
         windows("regsvr32.exe", "/s", "/n", "/i:Scripting.Dictionary", dll, status=5)
         windows("regsvr32.exe", "/s", "/u", "/n", "/i:" + PROG_ID, dll)
@@ -138,8 +122,8 @@ def main(run, server, client, bits):
         windows("reg.exe", "query", "HKCR\\vmGridViews.Workbook")
         windows("regsvr32.exe", "/s", "/n", "/i:" + PROG_ID, dll)
         windows("regsvr32.exe", "/s", "/u", dll)
-        unchanged("the registry in the end", windows.classes(), before)
-        same("the files", sorted(os.listdir(folder)), ["Book1.xlsx", "Book2.xlsx", "fill.vbs"])
+        same("what has changed in the registry", windows.classes() ^ before, set())
+        same("the files", sorted(os.listdir(folder)), ["Book1.xlsx", "fill.vbs"])
     print("1 passed, 0 failed")
 
 

@@ -13,6 +13,7 @@
 #include "frontends/com/com_object.h"
 #include "frontends/com/text.h"
 #include "frontends/com/wall.h"
+#include "frontends/win32/window_walk.h"
 #include "support/automation/convert.h"
 
 using namespace vmgv;
@@ -25,29 +26,24 @@ std::wstring textOf(HWND window) {
   return text;
 }
 
-BOOL CALLBACK findOk(HWND child, LPARAM found) {
-  const bool is = textOf(child) == L"OK" && IsWindowEnabled(child);
-  if (is) *reinterpret_cast<HWND*>(found) = child;
-  return !is;
-}
-
-BOOL CALLBACK useDialog(HWND window, LPARAM) {
+// Clicks each dialog's OK once.
+bool useDialog(HWND window) {
   static HWND used = nullptr;
-  if (!IsWindowVisible(window) || window == used) return TRUE;
+  if (!IsWindowVisible(window) || window == used) return true;
   if (const HWND message = GetDlgItem(window, 0xFFFF)) {  // of a message box; nothing was to be said
     std::printf("message: %s\n", narrow(textOf(message)).c_str());
     PostMessageW(window, WM_COMMAND, IDOK, 0);
-    return FALSE;
+    return false;
   }
-  HWND button = nullptr;
-  EnumChildWindows(window, findOk, reinterpret_cast<LPARAM>(&button));
-  if (!button) return TRUE;
-  used = window;
-  PostMessageW(button, BM_CLICK, 0, 0);
-  return FALSE;
+  eachChild(window, [window](HWND child) {
+    if (textOf(child) != L"OK" || !IsWindowEnabled(child)) return true;
+    used = window;
+    return PostMessageW(child, BM_CLICK, 0, 0) == FALSE;
+  });
+  return used != window;
 }
 
-void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) { EnumThreadWindows(GetCurrentThreadId(), useDialog, 0); }
+void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) { eachThreadWindow(useDialog); }
 
 // The control without being registered.
 ObjectRef makeControl(const char* path) {
