@@ -36,7 +36,7 @@ class DisplayRows {
   void assign(SortedRows sorted, std::size_t keptLevels);
 
   std::int32_t count() const noexcept { return count_; }
-  DisplayRow at(std::int32_t position) const;  // 1 to count()
+  DisplayRow at(std::int32_t fromOne) const;  // 1 to count()
 
   bool isCollapsed(std::size_t level, std::uint32_t group) const { return levels_[level].collapsed[group]; }
   void setCollapsed(std::size_t level, std::uint32_t group, bool collapsed);

@@ -64,7 +64,7 @@ void photograph(const Studio& studio, MlStringService& texts, const ObjectRef& g
   const ObjectRef control = makeObject<vmgrEdit>(application);
   control.putRef("Grid", grid);
   for (const auto& dialog : kDialogs) {
-    const std::string path = folder + "/" + dialog.name + end;
+    const std::string path = std::string(folder).append("/").append(dialog.name).append(end);
     const Photographer photographer(studio.user, path);
     dialog.show(application, control);
     if (!photographer.taken())

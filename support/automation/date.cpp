@@ -106,7 +106,7 @@ DatePattern::DatePattern(std::string_view pattern) {
 std::string DatePattern::format(Date date) const {
   // An export formats a date a cell: patterns of ordinary length need no memory of their own.
   const std::size_t longest = tokens_.size() * kLongestToken;
-  if (std::array<char, 128> buffer; longest <= buffer.size())
+  if (std::array<char, 128> buffer{}; longest <= buffer.size())
     return {buffer.data(), write(date, buffer.data())};
   std::string text(longest, '\0');
   text.resize(static_cast<std::size_t>(write(date, text.data()) - text.data()));
