@@ -77,7 +77,10 @@ class ListBinding : public BindingOf<Kind, ListWidget<View>> {
       shown_ = this->control_.items();
       QStringList texts;
       for (const std::string& entry : shown_) texts << qt(entry);
+      const int scrolled = view().verticalScrollBar()->value();
       entries_.setStringList(texts);
+      view().doItemsLayout();
+      view().verticalScrollBar()->setValue(scrolled);  // a long list stays where the user looks
     }
     const int wanted = this->control_.listIndex();
     if (wanted < 0) {

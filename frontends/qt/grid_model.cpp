@@ -83,7 +83,7 @@ QVariant GridModel::rowData(const DisplayRow& row, int position, int column, int
 }
 
 QString GridModel::accessibleText(const DisplayRow& row, int position, int column) const {
-  const QString text = qt(engine_->displayText(position, column));
+  QString text = qt(engine_->displayText(position, column));
   if (row.rowType == kRecordRow || text.isEmpty()) return text;
   if (row.rowType == kGroupHeaderRow) return gridtexts::header(text, engine_->isExpanded(row));
   const QString caption = qt(engine_->column(column).caption);

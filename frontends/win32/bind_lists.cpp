@@ -29,11 +29,13 @@ class ListBoxBinding final : public BindingOf<ListBox> {
   void followContent() override {
     if (shown_ != control_.items()) {
       shown_ = control_.items();
+      const LRESULT first = send(LB_GETTOPINDEX);
       send(WM_SETREDRAW, FALSE);
       send(LB_RESETCONTENT);
       for (const std::string& entry : shown_) {
         send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide(entry).c_str()));
       }
+      send(LB_SETTOPINDEX, static_cast<WPARAM>(first));  // a long list stays where the user looks
       send(WM_SETREDRAW, TRUE);
       InvalidateRect(window(), nullptr, TRUE);
     }

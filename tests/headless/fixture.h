@@ -17,6 +17,8 @@ struct SampleForm : Form {
     cmdCancel.onClick = [this] { note("cancel"), close(); };
     cmdHelp.onClick = [this] { note("help"); };
     check.onClick = [this] { note("check " + std::to_string(check.value())); };
+    for (const char* entry : {"uno", "due"}) list.addItem(entry);
+    list.onDblClick = [this] { note("twice " + list.text()), list.removeItem(list.listIndex()); };
     combo.onClick = [this] { note("combo " + std::to_string(combo.listIndex())); };
     text.onChange = [this] { note("text " + text.text()); };
     for (OptionButton* option : {&first, &second, &third}) {
@@ -39,6 +41,7 @@ struct SampleForm : Form {
   CommandButton& cmdOK = add<CommandButton>("cmdOK");
   CommandButton& cmdCancel = add<CommandButton>("cmdCancel");
   CommandButton& cmdHelp = add<CommandButton>("cmdHelp");
+  ListBox& list = add<ListBox>("list");
 };
 
 class HeadlessTest : public testing::Test {

@@ -18,11 +18,23 @@ TEST_F(UserTest, ActsRaiseTheEventsOfTheModelOrAreRefused) {
       {[](F& f, D& d) { d.click(f.second), d.click(f.second), d.click(f.first); }, "option(1), option(0)"},
       {[](F& f, D& d) { d.enter(f.text, "aβ"), d.enter(f.text, "b"); }, "text a, text aβ, text b"},
       {[](F& f, D& d) { d.enter(f.text, "β"), d.press(f.text, Key::Backspace, 0); }, "text β, text "},
+      {[](F& f, D& d) {
+         f.text.setText("αβγ"), f.text.select(1, 1), d.press(f.text, static_cast<Key>('X'), 0);
+       },
+       "text αβγ, text αxγ"},
+      {[](F& f, D& d) {
+         f.text.onKeyPress = [](char32_t typed) { return typed != U'β'; };
+         d.enter(f.text, "aββ"), d.press(f.text, Key::Backspace, 0);
+       },
+       "text β, text ββ"},
+      {[](F& f, D& d) { d.doubleClick(f.list, 1); }, "twice due"},
 
       {[](F& f, D& d) { f.cmdOK.setEnabled(false), d.click(f.cmdOK); }, "", "cmdOK is disabled"},
       {[](F& f, D& d) { f.group.setVisible(false), d.click(f.second); }, "", "group is hidden"},
       {[](F& f, D& d) { d.click(f.label); }, "", "label, a Label, does not react to clicks"},
       {[](F& f, D& d) { d.choose(f.combo, 3); }, "", "combo has 3 entries, none at 3"},
+      {[](F& f, D& d) { d.click(f.list); }, "", "list is clicked at an entry: choose one"},
+      {[](F& f, D& d) { d.doubleClick(f.list, 2); }, "", "list has 2 entries, none at 2"},
       {[](F& f, D& d) { d.enter(f.text, "a\nb"); }, "", "text takes one line"},
       {[](F& f, D& d) { d.enter(f.text, "\xFF"); }, "", "the text is not UTF-8"},
       {[](F& f, D& d) { d.focus(f.bar); }, "", "bar does not take the focus"},

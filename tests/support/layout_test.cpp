@@ -70,6 +70,31 @@ TEST(Layout, FramesOfOneWidthWithTheirContentsInside) {
   EXPECT_EQ(option.rect().right(), frames[0]->rect().width - 50 - kUnit);
 }
 
+TEST(Layout, TablesAlignColumnsAndCentreWhatIsLowerThanItsRow) {
+  Form form("frm");
+  captioned(form);
+  const auto add = [&](const char* caption) -> Label& {
+    auto& label = form.add<Label>(caption);
+    label.setCaption(caption);
+    return label;
+  };
+  Label &head = add("a long head"), &low = add("low"), &whole = add("whole"), &upper = add("1"),
+        &lower = add("2");
+  form.content = layout::table(
+      {layout::row({layout::item(head), layout::Node()}),
+       layout::row({layout::item(low), layout::column({layout::item(upper), layout::item(lower)})}),
+       layout::row({layout::item(whole).filled(), layout::item(add("right"))})});
+  FakeWindow window;
+  form.layOut(window);
+  EXPECT_EQ(low.rect().width, head.rect().width);
+  EXPECT_EQ(upper.rect().left, head.rect().right() + kUnit);
+  EXPECT_EQ(low.rect().top,
+            upper.rect().top + 195);  // half of what a unit and a second line take, in whole pixels
+  EXPECT_EQ(lower.rect().bottom() + kUnit, whole.rect().top);
+  EXPECT_EQ(form.size().width, upper.rect().right() + 2 * kUnit);
+  EXPECT_EQ(form.size().height, whole.rect().bottom() + 2 * kUnit);
+}
+
 TEST(Layout, ButtonsAreEqualAndAtTheRightEnd) {
   Form form("frm");
   captioned(form);
