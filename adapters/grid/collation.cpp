@@ -43,6 +43,21 @@ constexpr std::uint8_t kSeveral = 0xFE;
 
 bool isMark(char32_t c) { return c < 0xC0 || (c >= 0x2000 && c < 0x2C00) || (c >= 0x3000 && c < 0x3040); }
 
+// Bytes from 0x80 on stand behind a lead byte only, so that a part of a key never begins or ends within one.
+void appendOther(char32_t c, std::string& key) {
+  key += isMark(c) ? kOtherMark : kOtherLetter;
+  for (int shift = 14; shift >= 0; shift -= 7) key += static_cast<char>(0x80 | (c >> shift & 0x7F));
+}
+
+const char* expansionOf(char32_t c) {
+  for (const Expansion& expansion : kExpansions) {
+    if (expansion.character == c) return expansion.letters;
+  }
+  return nullptr;
+}
+
+bool isCombining(char32_t c) { return c >= 0x300 && c < 0x370; }
+
 // The three levels of one key while it is made. Zero separates them, so accents and case start at 1; these
 // two end at the last letter that is accented or capital, which for most letters makes nothing to do.
 struct Levels {
@@ -72,8 +87,7 @@ struct Levels {
     return length;
   }
   void addOther(char32_t c) {
-    primary += isMark(c) ? kOtherMark : kOtherLetter;
-    for (int shift = 16; shift >= 0; shift -= 8) primary += static_cast<char>(c >> shift);
+    appendOther(c, primary);
     ++letters;
   }
   void addAccent(int accent) {
@@ -92,19 +106,27 @@ struct Levels {
 };
 
 void addCharacter(char32_t c, Levels& levels) {
-  if (c >= 0x300 && c < 0x370) return levels.addAccent(static_cast<int>(c - 0x300 + 1));
+  if (isCombining(c)) return levels.addAccent(static_cast<int>(c - 0x300 + 1));
   const Letter letter = letterOf(c);
   if (letter.weight != 0) return levels.add(letter);
-  for (const Expansion& expansion : kExpansions) {
-    if (expansion.character != c) continue;
-    for (const char* part = expansion.letters; *part; ++part) {
-      Letter plain = kAscii[static_cast<unsigned char>(*part)];
-      plain.accent = kExpanded;
-      levels.add(plain);
-    }
-    return;
+  const char* parts = expansionOf(c);
+  if (!parts) return levels.addOther(c);
+  for (; *parts; ++parts) {
+    Letter plain = kAscii[static_cast<unsigned char>(*parts)];
+    plain.accent = kExpanded;
+    levels.add(plain);
   }
-  levels.addOther(c);
+}
+
+void appendFolded(char32_t c, std::string& folded) {
+  if (isCombining(c)) return;
+  if (const Letter letter = letterOf(c); letter.weight != 0) {
+    folded += static_cast<char>(letter.weight);
+  } else if (const char* parts = expansionOf(c)) {
+    appendFoldedText(parts, folded);
+  } else {
+    appendOther(c, folded);
+  }
 }
 
 // The texts of a pool on their way into order.
@@ -218,6 +240,17 @@ void appendSortKey(std::string_view text, std::string& keys) {
   keys += levels.accents;
   keys += '\0';
   keys += levels.capitals;
+}
+
+void appendFoldedText(std::string_view text, std::string& folded) {
+  while (!text.empty()) {
+    if (const auto c = static_cast<unsigned char>(text.front()); c < kAscii.size()) {
+      folded += static_cast<char>(kAscii[c].weight);
+      text.remove_prefix(1);
+    } else {
+      appendFolded(takeCharacter(text), folded);
+    }
+  }
 }
 
 std::vector<std::uint32_t> textRanks(const TextPool& texts) { return Ranking(texts).ranks(); }

@@ -16,6 +16,10 @@ namespace vmgv {
 // Appends the sort key of well-formed UTF-8: keys compare byte by byte as their texts do.
 void appendSortKey(std::string_view text, std::string& keys);
 
+// Appends the text without case and accents, in bytes up to 0x7F and others behind these: folded texts
+// compare as their texts do where these differ in more, and contain each other as their texts do.
+void appendFoldedText(std::string_view text, std::string& folded);
+
 // By code: equal texts have equal ranks, and ranks leave no gaps.
 std::vector<std::uint32_t> textRanks(const TextPool& texts);
 

@@ -5,8 +5,6 @@
 namespace vmgv {
 namespace {
 
-using ConditionRef = std::shared_ptr<FormatCondition>;
-
 std::int16_t checkedOperator(const Value& value) {
   const std::int16_t code = toInteger(value);
   if (code < 0 || code > kLastOperator) {
@@ -22,7 +20,7 @@ Value operand(const Value& value) { return value.isMissing() ? Value() : plain(v
 // What equals the grid's own setting is not set, so that it follows the grid when that changes.
 class StyleObject final : public GridPart<StyleObject> {
  public:
-  StyleObject(EngineRef engine, ConditionRef condition)
+  StyleObject(EngineRef engine, ConditionHandle condition)
       : GridPart(std::move(engine)), condition_(std::move(condition)) {}
 
   static const ClassTable<StyleObject>& table() {
@@ -32,55 +30,59 @@ class StyleObject final : public GridPart<StyleObject> {
         {
             {"BackColor", 0,
              [](S& s, Args) -> Value { return s.style().backColor.value_or(s.grid().backColor); },
-             [](S& s, Args, const Value& v) { s.set(s.style().backColor, s.grid().backColor, toLong(v)); }},
+             [](S& s, Args, const Value& v) {
+               s.set(&FormatStyle::backColor, s.grid().backColor, toLong(v));
+             }},
             {"ForeColor", 0,
              [](S& s, Args) -> Value { return s.style().foreColor.value_or(s.grid().foreColor); },
-             [](S& s, Args, const Value& v) { s.set(s.style().foreColor, s.grid().foreColor, toLong(v)); }},
+             [](S& s, Args, const Value& v) {
+               s.set(&FormatStyle::foreColor, s.grid().foreColor, toLong(v));
+             }},
             {"FontName", 0, [](S& s, Args) -> Value { return s.style().fontName.value_or(s.font().name); },
-             [](S& s, Args, const Value& v) { s.set(s.style().fontName, s.font().name, toText(v)); }},
+             [](S& s, Args, const Value& v) { s.set(&FormatStyle::fontName, s.font().name, toText(v)); }},
             {"FontSize", 0, [](S& s, Args) -> Value { return s.style().fontSize.value_or(s.font().size); },
              [](S& s, Args, const Value& v) {
-               s.set(s.style().fontSize, s.font().size, checkedFontSize(v));
+               s.set(&FormatStyle::fontSize, s.font().size, checkedFontSize(v));
              }},
             {"FontBold", 0, [](S& s, Args) -> Value { return s.style().fontBold.value_or(s.font().bold); },
-             [](S& s, Args, const Value& v) { s.set(s.style().fontBold, s.font().bold, toBoolean(v)); }},
+             [](S& s, Args, const Value& v) { s.set(&FormatStyle::fontBold, s.font().bold, toBoolean(v)); }},
             {"FontItalic", 0,
              [](S& s, Args) -> Value { return s.style().fontItalic.value_or(s.font().italic); },
-             [](S& s, Args, const Value& v) { s.set(s.style().fontItalic, s.font().italic, toBoolean(v)); }},
+             [](S& s, Args, const Value& v) {
+               s.set(&FormatStyle::fontItalic, s.font().italic, toBoolean(v));
+             }},
             {"FontUnderline", 0,
              [](S& s, Args) -> Value { return s.style().fontUnderline.value_or(s.font().underline); },
              [](S& s, Args, const Value& v) {
-               s.set(s.style().fontUnderline, s.font().underline, toBoolean(v));
+               s.set(&FormatStyle::fontUnderline, s.font().underline, toBoolean(v));
              }},
             {"FontStrikethru", 0,
              [](S& s, Args) -> Value { return s.style().fontStrikethru.value_or(s.font().strikethrough); },
              [](S& s, Args, const Value& v) {
-               s.set(s.style().fontStrikethru, s.font().strikethrough, toBoolean(v));
+               s.set(&FormatStyle::fontStrikethru, s.font().strikethrough, toBoolean(v));
              }},
         });
     return table;
   }
 
  private:
-  FormatStyle& style() { return condition_->style; }
+  const FormatStyle& style() const { return (*condition_)->style; }
   const GridSettings& grid() const { return engine_->settings(); }
   const GridFont& font() const { return engine_->settings().font; }
   template <class T>
-  void set(std::optional<T>& member, const T& ofGrid, T value) {
-    if (value == ofGrid) {
-      member.reset();
-    } else {
-      member = std::move(value);
-    }
-    engine_->appearanceChanged();
+  void set(std::optional<T> FormatStyle::*member, const T& ofGrid, T value) {
+    engine_->changeCondition(condition_, [&](FormatCondition& condition) {
+      auto& own = condition.style.*member;
+      own = value == ofGrid ? std::nullopt : std::optional<T>(std::move(value));
+    });
   }
 
-  ConditionRef condition_;
+  ConditionHandle condition_;
 };
 
 class ConditionObject final : public GridPart<ConditionObject> {
  public:
-  ConditionObject(EngineRef engine, ConditionRef condition)
+  ConditionObject(EngineRef engine, ConditionHandle condition)
       : GridPart(std::move(engine)), condition_(std::move(condition)) {}
 
   static const ClassTable<ConditionObject>& table() {
@@ -88,17 +90,17 @@ class ConditionObject final : public GridPart<ConditionObject> {
     static const ClassTable<C> table(
         "FmtCondition",
         {
-            {"Name", 0, [](C& c, Args) -> Value { return c.condition_->name; }},
-            {"ColIndex", 0, [](C& c, Args) -> Value { return c.condition_->colIndex; },
+            {"Name", 0, [](C& c, Args) -> Value { return c.now().name; }},
+            {"ColIndex", 0, [](C& c, Args) -> Value { return c.now().colIndex; },
              [](C& c, Args, const Value& v) {
-               c.set(c.condition_->colIndex, c.engine_->column(toLong(v)).index);
+               c.set(&FormatCondition::colIndex, c.engine_->column(toLong(v)).index);
              }},
-            {"Operator", 0, [](C& c, Args) -> Value { return c.condition_->op; },
-             [](C& c, Args, const Value& v) { c.set(c.condition_->op, checkedOperator(v)); }},
-            {"Value1", 0, [](C& c, Args) { return c.condition_->value1; },
-             [](C& c, Args, const Value& v) { c.set(c.condition_->value1, operand(v)); }},
-            {"Value2", 0, [](C& c, Args) { return c.condition_->value2; },
-             [](C& c, Args, const Value& v) { c.set(c.condition_->value2, operand(v)); }},
+            {"Operator", 0, [](C& c, Args) -> Value { return c.now().op; },
+             [](C& c, Args, const Value& v) { c.set(&FormatCondition::op, checkedOperator(v)); }},
+            {"Value1", 0, [](C& c, Args) { return c.now().value1; },
+             [](C& c, Args, const Value& v) { c.set(&FormatCondition::value1, operand(v)); }},
+            {"Value2", 0, [](C& c, Args) { return c.now().value2; },
+             [](C& c, Args, const Value& v) { c.set(&FormatCondition::value2, operand(v)); }},
             {"FormatStyle", 0,
              [](C& c, Args) -> Value { return makeObject<StyleObject>(c.engine_, c.condition_); }},
         });
@@ -106,13 +108,14 @@ class ConditionObject final : public GridPart<ConditionObject> {
   }
 
  private:
+  const FormatCondition& now() const { return **condition_; }
   template <class T>
-  void set(T& member, T value) {
-    member = std::move(value);
-    engine_->appearanceChanged();
+  void set(T FormatCondition::*member, T value) {
+    engine_->changeCondition(condition_,
+                             [&](FormatCondition& condition) { condition.*member = std::move(value); });
   }
 
-  ConditionRef condition_;
+  ConditionHandle condition_;
 };
 
 class ConditionsObject final : public GridPart<ConditionsObject> {
@@ -135,28 +138,27 @@ class ConditionsObject final : public GridPart<ConditionsObject> {
   std::unique_ptr<Enumeration> enumerate() override { return std::make_unique<ItemEnumeration>(this); }
 
  private:
-  const std::vector<ConditionRef>& all() const { return engine_->conditions(); }
+  const std::vector<ConditionHandle>& all() const { return engine_->conditions(); }
   Value item(const Value& key) const {
     const Value wanted = plain(key);
     if (!wanted.isText()) {
       return makeObject<ConditionObject>(engine_, all()[placeOf(wanted, all().size(), "FmtConditions")]);
     }
     const auto found = std::find_if(all().begin(), all().end(),
-                                    [&](const ConditionRef& c) { return c->name == wanted.text(); });
+                                    [&](const ConditionHandle& c) { return (*c)->name == wanted.text(); });
     if (found != all().end()) return makeObject<ConditionObject>(engine_, *found);
     throw Error(ErrorNumber::SubscriptOutOfRange,
                 "Subscript out of range: there is no format condition \"" + wanted.text() + '"');
   }
   // Column, operator, first and second value, name; all but the first and last may be left out.
   Value add(Args args) {
-    auto condition = std::make_shared<FormatCondition>();
-    condition->colIndex = toLong(args[0]);
-    if (args.has(1)) condition->op = checkedOperator(args[1]);
-    condition->value1 = operand(args[2]);
-    condition->value2 = operand(args[3]);
-    if (args.has(4)) condition->name = toText(args[4]);
-    engine_->addCondition(condition);
-    return makeObject<ConditionObject>(engine_, condition);
+    FormatCondition condition;
+    condition.colIndex = toLong(args[0]);
+    if (args.has(1)) condition.op = checkedOperator(args[1]);
+    condition.value1 = operand(args[2]);
+    condition.value2 = operand(args[3]);
+    if (args.has(4)) condition.name = toText(args[4]);
+    return makeObject<ConditionObject>(engine_, engine_->addCondition(std::move(condition)));
   }
 };
 

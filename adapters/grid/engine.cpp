@@ -18,6 +18,7 @@ Problems GridEngine::load(RowSource& source) {
   const bool keepsLayout = hasFields(table.specs);
   if (!keepsLayout) startLayout(table.specs);
   for (std::size_t i = 0; i < columns_.size(); ++i) columns_[i].type = table.specs[i].type;
+  styles_.forget();
   data_ = std::move(table.columns);
   records_ = table.rows;
   display_.reset(records_);
@@ -26,6 +27,7 @@ Problems GridEngine::load(RowSource& source) {
   selection_.clear();
   stale_ = !sortKeys_.empty() || !groups_.empty();
   if (!keepsLayout) forgetHistory();
+  stylesAreStale_ = true;
   tell(kLayout | kRows | kSelection);
   return problems;
 }
@@ -129,6 +131,7 @@ void GridEngine::setCaption(std::int32_t index, std::string caption) {
 }
 
 void GridEngine::setValueList(std::int32_t index, std::shared_ptr<const ValueList> list) {
+  styles_.forget();
   editable(index).valueList = std::move(list);
   changed(kAppearance);
 }
@@ -152,6 +155,7 @@ void GridEngine::changed(unsigned changes) {
 }
 
 void GridEngine::tell(unsigned changes) {
+  if ((changes & kAppearance) != 0) stylesAreStale_ = true;
   if (!redraw_) {
     missed_ |= changes;
     return;

@@ -14,6 +14,7 @@
 #include "adapters/grid/grid_state.h"
 #include "adapters/grid/group_totals.h"
 #include "adapters/grid/row_source.h"
+#include "adapters/grid/row_styles.h"
 #include "grid/contract.h"
 
 namespace vmgv {
@@ -113,12 +114,23 @@ class GridEngine {
   bool multiSelect() const noexcept { return multiSelect_; }
   void setMultiSelect(bool multi);
 
-  // Format conditions: shared, so that a client's reference outlives a removal. After changing one from
-  // outside call appearanceChanged().
-  const std::vector<std::shared_ptr<FormatCondition>>& conditions() const noexcept { return conditions_; }
+  // Format conditions. A client's reference outlives a removal, which makes it mean nothing.
+  const std::vector<ConditionHandle>& conditions() const noexcept { return conditions_; }
   // `condition` needs a name of its own (Error 457 where it is taken).
-  void addCondition(std::shared_ptr<FormatCondition> condition);
+  ConditionHandle addCondition(FormatCondition condition);
   void removeCondition(std::string_view name);
+  // Calls change(FormatCondition&), which leaves the name alone; views paint again.
+  template <class Change>
+  void changeCondition(const ConditionHandle& condition, Change change) {
+    FormatCondition changed = **condition;
+    change(changed);
+    setCondition(condition, std::move(changed));
+  }
+  // How a row looks: of a record, else the grid's own colours and font. Valid until the next call of it.
+  const RowStyle& styleOf(const DisplayRow& row) const;
+  RowReasons reasonsOf(const DisplayRow& row) const;  // none but for records
+  // A look at all records: 1 for those that match the condition (from 0), in the source's order.
+  std::vector<std::uint8_t> matchingRecords(std::size_t condition) const;
 
   // Display settings
   const GridSettings& settings() const noexcept { return settings_; }
@@ -175,8 +187,10 @@ class GridEngine {
   void rearrange(Step step) const;
   void checkGroup(const DisplayRow& row) const;
   Value total(const DisplayRow& row, std::int32_t column) const;
-  std::string shownText(Value value, std::int32_t column) const;
+  std::string textOf(Value value, std::int32_t column) const;
   bool showFooters();
+  void setCondition(const ConditionHandle& condition, FormatCondition changed);
+  RowStyles& styles() const;
   void settingsChanged();
   void show(const GridState& state);
   void requireRedraw(const char* act) const;
@@ -198,8 +212,10 @@ class GridEngine {
   mutable bool stale_ = false;
 
   std::vector<SortKey> sortKeys_, groups_;
-  std::vector<std::shared_ptr<FormatCondition>> conditions_;
+  std::vector<ConditionHandle> conditions_;
   GridSettings settings_;
+  mutable RowStyles styles_;
+  mutable bool stylesAreStale_ = true;
   PrinterProperties printer_;
   Value previewColumn_{Null{}};
   std::vector<GridState::Foreign> foreign_;

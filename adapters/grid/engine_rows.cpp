@@ -75,17 +75,13 @@ Value GridEngine::total(const DisplayRow& row, std::int32_t column) const {
                           : totals_.count(display_, data, level, row.group);
 }
 
-std::string GridEngine::shownText(Value value, std::int32_t column) const {
-  if (const auto& list = this->column(column).valueList) {
-    if (const std::string* text = list->find(value)) return *text;
-  }
-  if (value.isText()) return std::move(value).takeText();
-  return value.isNull() ? std::string() : toText(value);
+std::string GridEngine::textOf(Value value, std::int32_t column) const {
+  return shownText(std::move(value), this->column(column).valueList.get());
 }
 
 std::string GridEngine::displayText(std::int32_t position, std::int32_t column) const {
   const DisplayRow row = displayRow(position);
-  if (row.rowType == kRecordRow) return shownText(recordValue(row.record, column), column);
+  if (row.rowType == kRecordRow) return textOf(recordValue(row.record, column), column);
   if (row.rowType == kGroupFooterRow) {
     std::string text = toText(total(row, column));
     return isSummed(column) ? text : inBrackets(std::move(text));
@@ -99,7 +95,7 @@ std::string GridEngine::displayText(std::int32_t position, std::int32_t column) 
 std::string GridEngine::previewText(const DisplayRow& row) const {
   const std::int32_t column = previewColumnIndex();
   if (column == 0 || row.rowType != kRecordRow) return {};
-  return shownText(recordValue(row.record, column), column);
+  return textOf(recordValue(row.record, column), column);
 }
 
 std::string GridEngine::groupText(const DisplayRow& row) const {
@@ -107,7 +103,7 @@ std::string GridEngine::groupText(const DisplayRow& row) const {
   checkGroup(row);
   const std::int32_t grouped = displayedGroups_[static_cast<std::size_t>(row.level)].colIndex;
   Value value = rowValue(row, grouped);
-  std::string text = value.isNull() ? std::string() : shownText(std::move(value), grouped);
+  std::string text = value.isNull() ? std::string() : textOf(std::move(value), grouped);
   if (text.empty()) text = kNullInHeader;
   return column(grouped).caption + ": " + text + ' ' + inBrackets(std::to_string(recordCount(row)));
 }

@@ -1,5 +1,6 @@
 // The engine's display settings, format conditions, and its view as a whole.
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 #include "adapters/grid/engine.h"
@@ -13,26 +14,55 @@ constexpr std::int32_t kKeyInUse = 457;  // of a collection, as automation clien
 
 }  // namespace
 
-void GridEngine::addCondition(std::shared_ptr<FormatCondition> condition) {
-  if (condition->name.empty()) throw Error(ErrorNumber::InvalidCall, "A format condition needs a name");
+ConditionHandle GridEngine::addCondition(FormatCondition condition) {
+  if (condition.name.empty()) throw Error(ErrorNumber::InvalidCall, "A format condition needs a name");
   for (const auto& other : conditions_) {
-    if (other->name != condition->name) continue;
-    throw Error(kKeyInUse, "There already is a format condition with the name \"" + condition->name + '"');
+    if ((*other)->name != condition.name) continue;
+    throw Error(kKeyInUse, "There already is a format condition with the name \"" + condition.name + '"');
   }
-  checkedIndex(condition->colIndex);
-  conditions_.push_back(std::move(condition));
+  checkedIndex(condition.colIndex);
+  conditions_.push_back(std::make_shared<SharedCondition>(std::move(condition)));
+  const ConditionHandle added = conditions_.back();
   changed(kAppearance);
+  return added;
 }
 
 void GridEngine::removeCondition(std::string_view name) {
   const auto found = std::find_if(conditions_.begin(), conditions_.end(),
-                                  [&](const auto& condition) { return condition->name == name; });
+                                  [&](const auto& condition) { return (*condition)->name == name; });
   if (found == conditions_.end()) {
     throw Error(ErrorNumber::SubscriptOutOfRange,
                 "Subscript out of range: there is no format condition \"" + std::string(name) + '"');
   }
   conditions_.erase(found);
   changed(kAppearance);
+}
+
+void GridEngine::setCondition(const ConditionHandle& condition, FormatCondition changed) {
+  if (changed == **condition) return;
+  *condition = SharedCondition(std::move(changed));
+  this->changed(kAppearance);
+}
+
+RowStyles& GridEngine::styles() const {
+  if (std::exchange(stylesAreStale_, false)) styles_.follow(settings_, conditions_, columns_, data_);
+  return styles_;
+}
+
+const RowStyle& GridEngine::styleOf(const DisplayRow& row) const {
+  if (row.rowType != kRecordRow) return styles().ofGrid();
+  if (row.record >= records_) noRecord(row.record);
+  return styles().styleOf(row.record, row.ordinal);
+}
+
+RowReasons GridEngine::reasonsOf(const DisplayRow& row) const {
+  if (row.rowType != kRecordRow) return {};
+  if (row.record >= records_) noRecord(row.record);
+  return styles().reasonsOf(row.record);
+}
+
+std::vector<std::uint8_t> GridEngine::matchingRecords(std::size_t condition) const {
+  return styles().matchingRecords(condition);
 }
 
 void GridEngine::settingsChanged() { changed(showFooters() ? kAppearance | kRows : kAppearance); }
@@ -78,7 +108,7 @@ void GridEngine::setState(const GridState& state) {
   }
   checkedKeys(state.sortKeys, "sort key");
   checkedKeys(state.groups, "group");
-  for (const FormatCondition& condition : state.conditions) checkedIndex(condition.colIndex);
+  for (const SharedCondition& condition : state.conditions) checkedIndex(condition->colIndex);
   if (!isNoPreviewColumn(state.previewColumn)) columnIndex(state.previewColumn);
   show(state);
   if (redraw_) history_.record(this->state());
@@ -96,13 +126,14 @@ void GridEngine::show(const GridState& state) {
   sortKeys_ = state.sortKeys;
   groups_ = state.groups;
   // A client's reference to a condition goes on to mean the one of that name.
-  std::vector<std::shared_ptr<FormatCondition>> conditions;
-  for (const FormatCondition& condition : state.conditions) {
-    const auto known = std::find_if(conditions_.begin(), conditions_.end(),
-                                    [&](const auto& other) { return other->name == condition.name; });
-    conditions.push_back(known == conditions_.end() ? std::make_shared<FormatCondition>() : *known);
-    *conditions.back() = condition;
+  std::unordered_map<std::string_view, ConditionHandle> known;
+  for (const ConditionHandle& condition : conditions_) known.emplace((*condition)->name, condition);
+  std::vector<ConditionHandle> conditions;
+  for (const SharedCondition& condition : state.conditions) {
+    const auto found = known.find(condition->name);
+    conditions.push_back(found != known.end() ? found->second : std::make_shared<SharedCondition>(condition));
   }
+  for (std::size_t i = 0; i < conditions.size(); ++i) *conditions[i] = state.conditions[i];
   conditions_ = std::move(conditions);
   previewColumn_ = state.previewColumn;
   settings_ = state.settings;

@@ -34,4 +34,10 @@ const std::string* ValueList::find(const Value& value) const {
   return nullptr;
 }
 
+std::string shownText(Value value, const ValueList* list) {
+  if (const std::string* text = list ? list->find(value) : nullptr) return *text;
+  if (value.isText()) return std::move(value).takeText();
+  return value.isNull() ? std::string() : toText(value);
+}
+
 }  // namespace vmgv

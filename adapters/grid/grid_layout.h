@@ -22,6 +22,9 @@ struct ValueList {
   const std::string* find(const Value& value) const;
 };
 
+// As a view shows it: the list's text, else the value as text; "" for Null. No list: null.
+std::string shownText(Value value, const ValueList* list);
+
 struct GridColumn {
   std::int32_t index = 0;  // from 1, fixed
   std::string key, caption, dataField;
@@ -71,6 +74,21 @@ struct FormatCondition {
   FormatStyle style;
 
   bool operator==(const FormatCondition&) const = default;
+};
+
+// A condition as it is at one time, shared by all who keep it: the grid, states of the past, comparisons.
+class SharedCondition {
+ public:
+  SharedCondition(FormatCondition condition)
+      : held_(std::make_shared<const FormatCondition>(std::move(condition))) {}
+
+  const FormatCondition& operator*() const noexcept { return *held_; }
+  const FormatCondition* operator->() const noexcept { return held_.get(); }
+  bool isSame(const SharedCondition& other) const noexcept { return held_ == other.held_; }
+  bool operator==(const SharedCondition& other) const { return isSame(other) || *held_ == *other.held_; }
+
+ private:
+  std::shared_ptr<const FormatCondition> held_;
 };
 
 struct GridSettings {

@@ -30,7 +30,7 @@ struct GridState {
 
   std::vector<Column> columns;  // every column of the grid once, from left to right
   std::vector<SortKey> sortKeys, groups;
-  std::vector<FormatCondition> conditions;
+  std::vector<SharedCondition> conditions;
   Value previewColumn{Null{}};
   GridSettings settings;
   std::vector<Foreign> foreign;

@@ -151,7 +151,7 @@ void Reader::takeCondition(const Words& words) {
   FormatCondition condition;
   condition.name = words[1].text;
   const bool taken = std::any_of(state_.conditions.begin(), state_.conditions.end(),
-                                 [&](const FormatCondition& other) { return other.name == condition.name; });
+                                 [&](const SharedCondition& other) { return other->name == condition.name; });
   if (taken || condition.name.empty()) return tell("a format condition needs a name of its own");
   for (std::size_t i = 2; i < words.size(); ++i) {
     if (words[i].name == "column") {
@@ -161,7 +161,7 @@ void Reader::takeCondition(const Words& words) {
       tell('"' + words[i].name + '=' + words[i].text + "\" says nothing about a condition");
     }
   }
-  state_.conditions.push_back(std::move(condition));
+  state_.conditions.emplace_back(std::move(condition));
 }
 
 bool Reader::takeConditionWord(const SavedWord& word, FormatCondition& condition) {
@@ -227,7 +227,8 @@ std::string savedView(const GridEngine& engine) {
   add("column", state.columns, [&](const auto& column) { return columnLine(engine, column); });
   add("sort", state.sortKeys, [&](const SortKey& key) { return orderLine(engine, "sort", key); });
   add("group", state.groups, [&](const SortKey& group) { return orderLine(engine, "group", group); });
-  add("condition", state.conditions, [&](const auto& condition) { return conditionLine(engine, condition); });
+  add("condition", state.conditions,
+      [&](const auto& condition) { return conditionLine(engine, *condition); });
   std::vector<std::int32_t> preview;
   if (const std::int32_t index = engine.previewColumnIndex(); index != 0) preview.push_back(index);
   add("preview", preview, [&](std::int32_t index) { return "preview " + keyText(engine, index); });

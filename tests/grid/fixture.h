@@ -22,7 +22,8 @@ using Rows = std::vector<std::string>;
 class Folder {
  public:
   Folder() {
-    const auto name = "grid-" + std::to_string(std::random_device()()) + std::to_string(std::random_device()());
+    const auto name =
+        "grid-" + std::to_string(std::random_device()()) + std::to_string(std::random_device()());
     path_ = (std::filesystem::temp_directory_path() / name).string();
     std::filesystem::create_directory(path_);
   }
@@ -63,6 +64,7 @@ class MemorySource final : public RowSource {
     if (const auto* whole = value.as<std::int32_t>()) return sink.whole(*whole);
     if (const auto* number = value.as<double>()) return sink.number(*number);
     if (const auto* date = value.as<Date>()) return sink.date(*date);
+    if (const auto* wide = value.as<Decimal>()) return sink.field(wide->toText());
     sink.null();
   }
 

@@ -1,0 +1,279 @@
+#include "adapters/grid/comparison.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "adapters/grid/collation.h"
+#include "adapters/grid/field_text.h"
+#include "adapters/grid/typed_text.h"
+#include "support/automation/convert.h"
+#include "support/automation/date.h"
+
+namespace vmgv {
+namespace {
+
+enum Operator : std::int16_t {
+  kEqual,
+  kDifferent,
+  kGreater,
+  kLess,
+  kGreaterOrEqual,
+  kLessOrEqual,
+  kBetween,
+  kNotBetween,
+  kContains,
+  kDoesNotContain
+};
+
+constexpr double kHalfSecond = 0.5 / 86400;  // days
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr const char* kBehindAllTexts = "\x7F\x7F";  // of folded ones
+
+bool hasTwoOperands(const FormatCondition& condition) {
+  return condition.op == kBetween || condition.op == kNotBetween;
+}
+
+// What an operand stands for: one value, or all values of a day.
+template <class T>
+struct Ends {
+  T low, high;
+};
+
+template <class T>
+Range<T> rangeOf(std::int16_t op, const Ends<T>& first, const Ends<T>& second, const T& least,
+                 const T& most) {
+  switch (op) {
+    case kEqual: return {first.low, first.high, false};
+    case kDifferent: return {first.low, first.high, true};
+    case kGreater: return {least, first.high, true};
+    case kLess: return {first.low, most, true};
+    case kGreaterOrEqual: return {first.low, most, false};
+    case kLessOrEqual: return {least, first.high, false};
+    default: return {std::min(first.low, second.low), std::max(first.high, second.high), op == kNotBetween};
+  }
+}
+
+// Nothing where endsOf(operand) finds none.
+template <class T, class EndsOf>
+std::optional<Range<T>> rangeOf(const FormatCondition& condition, EndsOf endsOf, const T& least,
+                                const T& most) {
+  const std::optional<Ends<T>> first = endsOf(condition.value1);
+  const std::optional<Ends<T>> second = hasTwoOperands(condition) ? endsOf(condition.value2) : first;
+  if (!first || !second) return {};
+  return rangeOf(condition.op, *first, *second, least, most);
+}
+
+bool isAbsent(const Value& operand) { return operand.isNull() || operand.isMissing() || operand.isObject(); }
+
+std::optional<double> numberOf(const Value& operand) {
+  if (isAbsent(operand) || operand.isEmpty()) return {};
+  if (operand.isText()) return numberFromTyped(operand.text());
+  const double number = toDouble(operand);
+  if (std::isnan(number)) return {};
+  return number;
+}
+
+std::optional<Ends<double>> numberEnds(const Value& operand) {
+  const auto number = numberOf(operand);
+  if (!number) return {};
+  return Ends<double>{*number, *number};
+}
+
+// Beyond 2^53 doubles would take neighbours for the same number.
+std::optional<Ends<std::int64_t>> wideEnds(const Value& operand) {
+  if (!numberOf(operand)) return {};
+  const auto whole = wholeFromField(operand.isText() ? *plainNumber(operand.text()) : toText(operand));
+  if (!whole) return {};
+  return Ends<std::int64_t>{*whole, *whole};
+}
+
+std::optional<Ends<double>> flagEnds(const Value& operand) {
+  auto number = numberOf(operand);
+  if (!number && operand.isText()) number = booleanFromField(operand.text());
+  if (!number) return {};
+  const double flag = *number != 0 ? 1 : 0;
+  return Ends<double>{flag, flag};
+}
+
+// A date as a number that grows with time; before day 0 the fraction of an automation date counts backwards.
+double momentOf(double days) {
+  const double day = std::trunc(days);
+  return day + std::fabs(days - day);
+}
+
+std::optional<Ends<double>> dateEnds(const Value& operand) {
+  std::optional<Date> date;
+  if (operand.isText()) {
+    date = dateFromTyped(operand.text());
+  } else if (const auto number = numberOf(operand)) {
+    date = Date{*number};
+  }
+  if (!date) return {};
+  const double moment = momentOf(date->days);
+  return Ends<double>{moment - kHalfSecond, hasTime(*date) ? moment + kHalfSecond : moment + 1 - kHalfSecond};
+}
+
+// A text with zeros in front is a code, as when tables are read.
+std::optional<double> numberInText(std::string_view text) {
+  if (text.empty() || text.size() > 40) return {};
+  if (text.size() > 1 && text[0] == '0' && text[1] >= '0' && text[1] <= '9') return {};
+  return numberFromTyped(text);
+}
+
+std::optional<double> momentInText(std::string_view text) {
+  const auto date = dateFromTyped(text);
+  if (!date) return {};
+  return momentOf(date->days);
+}
+
+std::string folded(std::string_view text) {
+  std::string key;
+  appendFoldedText(text, key);
+  return key;
+}
+
+}  // namespace
+
+void CellText::show(std::uint32_t record) {
+  if (record_ == record) return;
+  record_ = record;
+  isFolded_ = false;
+  if (!list_ && column_->type() == ColumnType::Text) {
+    text_ = column_->texts()[column_->codes()[record]];
+  } else {
+    made_ = shownText(column_->value(record), list_);
+    text_ = made_;
+  }
+}
+
+std::string_view CellText::folded() {
+  if (!isFolded_) {
+    folded_.clear();
+    appendFoldedText(text_, folded_);
+    isFolded_ = true;
+  }
+  return folded_;
+}
+
+Comparison::Comparison(const FormatCondition& condition, const ColumnData& column, const ValueList* list)
+    : column_(&column) {
+  if (condition.op >= kContains) {
+    lookForText(condition, list);
+  } else if (list || column.type() == ColumnType::Text) {
+    compareTexts(condition, list);
+  } else {
+    compareNumbers(condition);
+  }
+}
+
+void Comparison::compareNumbers(const FormatCondition& condition) {
+  const auto numbers = [&] { return rangeOf(condition, numberEnds, -kInfinity, kInfinity); };
+  constexpr auto kLeast = std::numeric_limits<std::int64_t>::min();
+  constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
+  switch (column_->type()) {
+    case ColumnType::Unknown:
+    case ColumnType::Text: return;
+    case ColumnType::Whole:
+      if (column_->isWide()) take(Kind::Wide, wide_, rangeOf(condition, wideEnds, kLeast, kMost));
+      if (kind_ == Kind::Nothing) take(Kind::Whole, number_, numbers());
+      return;
+    case ColumnType::Number: return take(Kind::Number, number_, numbers());
+    case ColumnType::Date:
+      return take(Kind::Date, number_, rangeOf(condition, dateEnds, -kInfinity, kInfinity));
+    case ColumnType::Boolean:
+      return take(Kind::Boolean, number_, rangeOf(condition, flagEnds, -kInfinity, kInfinity));
+  }
+}
+
+template <class T>
+void Comparison::take(Kind kind, Range<T>& own, std::optional<Range<T>> range) {
+  if (!range) return;
+  own = *std::move(range);
+  kind_ = kind;
+}
+
+void Comparison::compareTexts(const FormatCondition& condition, const ValueList* list) {
+  const auto textEnds = [&](const Value& operand) -> std::optional<Ends<std::string>> {
+    if (isAbsent(operand)) return {};
+    const std::string key = folded(shownText(operand, list));
+    return Ends<std::string>{key, key};
+  };
+  take(Kind::Text, text_, rangeOf(condition, textEnds, std::string(), std::string(kBehindAllTexts)));
+  if (kind_ == Kind::Nothing) return;
+  const auto ofText = [&](auto endsOf) {
+    return [=](const Value& operand) { return endsOf(Value(shownText(operand, list))); };
+  };
+  numbersInTexts_ = rangeOf(condition, ofText(numberEnds), -kInfinity, kInfinity);
+  datesInTexts_ = rangeOf(condition, ofText(dateEnds), -kInfinity, kInfinity);
+}
+
+void Comparison::lookForText(const FormatCondition& condition, const ValueList* list) {
+  if (isAbsent(condition.value1)) return;
+  std::string part = shownText(condition.value1, list);
+  if (!list && column_->type() == ColumnType::Number) part = plainNumber(part).value_or(part);
+  part_ = folded(part);
+  without_ = condition.op == kDoesNotContain;
+  kind_ = Kind::Contains;
+}
+
+bool Comparison::textMatches(CellText& cell) const {
+  if (kind_ == Kind::Contains) return (cell.folded().find(part_) == std::string_view::npos) == without_;
+  if (numbersInTexts_) {
+    if (const auto number = numberInText(cell.text())) return numbersInTexts_->holds(*number);
+  }
+  if (datesInTexts_) {
+    if (const auto moment = momentInText(cell.text())) return datesInTexts_->holds(*moment);
+  }
+  return text_.holds(cell.folded());
+}
+
+// Calls use(values, test): the column's values, and what says whether one of them matches.
+template <class Use>
+auto Comparison::withTest(Use use) const {
+  const auto inRange = [this](auto value) { return number_.holds(static_cast<double>(value)); };
+  switch (kind_) {
+    case Kind::Wide: return use(column_->wide(), [this](std::int64_t value) { return wide_.holds(value); });
+    case Kind::Number:
+      return use(column_->numbers(), [=](double value) { return !std::isnan(value) && inRange(value); });
+    case Kind::Date: return use(column_->numbers(), [=](double days) { return inRange(momentOf(days)); });
+    case Kind::Boolean: return use(column_->flags(), inRange);
+    case Kind::Nothing:
+    case Kind::Text:
+    case Kind::Contains:
+    case Kind::Whole: break;
+  }
+  return column_->isWide() ? use(column_->wide(), inRange) : use(column_->narrow(), inRange);
+}
+
+bool Comparison::isText() const { return kind_ == Kind::Text || kind_ == Kind::Contains; }
+
+bool Comparison::matches(std::uint32_t record, CellText& cell) const {
+  if (kind_ == Kind::Nothing || column_->isNull(record)) return false;
+  if (!isText()) return withTest([=](const auto& values, auto test) { return test(values[record]); });
+  if (column_->type() == ColumnType::Number && std::isnan(column_->numbers()[record])) return false;
+  cell.show(record);
+  return textMatches(cell);
+}
+
+std::vector<std::uint8_t> Comparison::matchingRecords(CellText& cell) const {
+  std::vector<std::uint8_t> matching(column_ ? column_->size() : 0);
+  if (kind_ == Kind::Nothing) return matching;
+  if (isText()) {
+    for (std::uint32_t record = 0; record < matching.size(); ++record) {
+      matching[record] = matches(record, cell) ? 1 : 0;
+    }
+    return matching;
+  }
+  withTest([&](const auto& values, auto test) {
+    std::transform(values.begin(), values.end(), matching.begin(),
+                   [=](auto value) { return static_cast<std::uint8_t>(test(value)); });
+  });
+  if (!column_->hasNulls()) return matching;
+  for (std::uint32_t record = 0; record < matching.size(); ++record) {
+    if (column_->isNull(record)) matching[record] = 0;
+  }
+  return matching;
+}
+
+}  // namespace vmgv
