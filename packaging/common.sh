@@ -11,10 +11,6 @@ windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw
                   mingw-w64-tools libwine-dev fp-utils  # type libraries and compiled help
                   wine wine64 fonts-wine fonts-liberation xvfb x11-utils)
 
-# Another checkout of the same sources finds its objects in the compiler cache, where there is one; the tests' too,
-# which use precompiled headers.
-export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
-
 say() { printf '== %s\n' "$*"; }
 
 die() {
