@@ -1,36 +1,11 @@
 // Ten thousand controls leave nothing behind.
 #include <gtest/gtest.h>
-#include <winternl.h>
 
 #include "tests/control/container.h"
+#include "tests/win32/resources.h"
 
 namespace vmgv::test {
 namespace {
-
-// Of every heap: automation's strings and COM's memory are among them.
-int heapBlocks() {
-  HANDLE heaps[64];
-  const DWORD count = GetProcessHeaps(64, heaps);
-  int blocks = 0;
-  for (DWORD i = 0; i < count; ++i) {
-    HeapLock(heaps[i]);
-    PROCESS_HEAP_ENTRY entry{};
-    while (HeapWalk(heaps[i], &entry)) blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
-    HeapUnlock(heaps[i]);
-  }
-  return blocks;
-}
-
-// The process's own table of GDI handles, found by way of its environment block.
-int gdiObjects() {
-  constexpr std::size_t kTableAt = sizeof(void*) == 8 ? 0xF8 : 0x94;
-  constexpr int kEntries = 0x10000, kEntrySize = 24, kTypeAt = 14;  // bytes
-  const auto block = reinterpret_cast<std::uintptr_t>(NtCurrentTeb()->ProcessEnvironmentBlock);
-  const BYTE* const table = *reinterpret_cast<const BYTE* const*>(block + kTableAt);
-  int objects = 0;
-  for (int i = 0; table && i < kEntries; ++i) objects += table[i * kEntrySize + kTypeAt] != 0;
-  return objects;
-}
 
 void useOne(Container& container, Bag& bag) {
   const auto edit = makeControl();
@@ -57,12 +32,11 @@ TEST(Leaks, TenThousandControlsLeaveNothing) {
   const auto bag = makeComObject<Bag>();
   bag->kept[L"Font"] = makeFont(L"DejaVu Serif", 9);
   for (int i = 0; i < 200; ++i) useOne(*container, *bag);  // what is made once is made
-  const int blocks = heapBlocks(), objects = gdiObjects();
+  const Resources before = countResources();
   for (int i = 0; i < 10'000; ++i) useOne(*container, *bag);
-  EXPECT_NEAR(blocks, heapBlocks(), 20);  // the system keeps a few of its own
-  EXPECT_EQ(objects, gdiObjects());
-  EXPECT_GT(objects, 0);
-  EXPECT_EQ(nullptr, GetWindow(container->window, GW_CHILD));
+  const Resources after = countResources();
+  EXPECT_EQ(before.held, after.held);
+  EXPECT_LE(after.heapBlocks, before.heapBlocks + 20);  // the system keeps a few of its own
   EXPECT_EQ(S_OK, controlLibrary().canUnload());
 }
 

@@ -100,9 +100,9 @@ TEST_F(Registration, EntersEverythingAndTakesOutNothingElse) {
 TEST_F(Registration, LeavesTheOtherWidthUsable) {
   const std::wstring otherLibrary = kLibrary + L"\\1.0\\0\\" + kOtherBits, server = L"\\InprocServer32";
   const RegistryKey here(HKEY_LOCAL_MACHINE, L"Software\\Classes", KEY_ALL_ACCESS);
-  const RegistryKey there(HKEY_LOCAL_MACHINE, L"Software\\Classes", KEY_ALL_ACCESS | kOtherWidth);
+  const RegistryKey there(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID", KEY_ALL_ACCESS | kOtherWidth);
   ASSERT_EQ(S_OK, controlLibrary().enter());
-  there.write(kClass + server, L"other.dll");
+  there.write(kClsid + server, L"other.dll");
   here.write(otherLibrary, L"other.dll");
   ASSERT_EQ(S_OK, controlLibrary().remove());
   EXPECT_FALSE(exists(kClass));
@@ -111,7 +111,7 @@ TEST_F(Registration, LeavesTheOtherWidthUsable) {
   EXPECT_EQ(L"other.dll", valueOf(HKEY_LOCAL_MACHINE, otherLibrary));
 
   // The other width goes too.
-  there.remove(kClass);
+  there.remove(kClsid);
   ASSERT_EQ(S_OK, controlLibrary().enter());
   ASSERT_EQ(S_OK, controlLibrary().remove());
   here.remove(kLibrary);
