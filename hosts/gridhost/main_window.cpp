@@ -46,7 +46,9 @@ MainWindow::MainWindow(Session& session, QtDesktop& desktop)
   statusBar()->setContentsMargins(margin, 0, margin, 0);
   statusBar()->addPermanentWidget(new QLabel(rowsText()));
   showProblems();
-  resize(kFirstSize.boundedTo(screen()->availableSize() * kScreenShare / 100));
+  // Without a display there is no screen that a picture would not fit.
+  const bool shown = QGuiApplication::platformName() != QLatin1String("offscreen");
+  resize(shown ? kFirstSize.boundedTo(screen()->availableSize() * kScreenShare / 100) : kFirstSize);
   grid_->setFocus();
 }
 
@@ -72,7 +74,7 @@ QWidget* MainWindow::makePanel() {
 QString MainWindow::rowsText() const {
   const QLocale locale(inEnglish() ? QLocale::English : QLocale::Greek);
   const QString rows = inEnglish() ? QStringLiteral("%1 rows") : QStringLiteral("%1 γραμμές");
-  return rows.arg(locale.toString(session_.engine()->rowCount()));
+  return rows.arg(locale.toString(static_cast<qulonglong>(session_.engine()->records())));
 }
 
 void MainWindow::showProblems() {

@@ -11,7 +11,6 @@
 namespace vmgv {
 namespace {
 
-constexpr const wchar_t* kClass = L"vmGridViews.gridhost";
 constexpr int kFirstButton = 100;
 constexpr SIZE kFirstSize{1100, 680};  // pixels of a usual monitor, as all below
 constexpr int kMargin = 8, kButtonWidth = 150, kButtonHeight = 26, kRowsWidth = 160;
@@ -37,44 +36,28 @@ HFONT messageFont(UINT dpi) {
   return CreateFontIndirectW(&metrics.lfMessageFont);
 }
 
-void place(HWND child, int left, int top, int width, int height) {
-  SetWindowPos(child, nullptr, left, top, std::max(width, 0), std::max(height, 0),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 }  // namespace
 
 MainWindow::MainWindow(ComSession& session) : session_(session) {
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
-  WNDCLASSEXW look{};
-  look.cbSize = sizeof look;
-  look.lpfnWndProc = procedure;
-  look.hInstance = GetModuleHandleW(nullptr);
-  look.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  look.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-  look.lpszClassName = kClass;
-  RegisterClassExW(&look);
-
   const std::wstring title = pathOf(session.dataName()).filename().wstring() + L" – vmGridViews";
-  CreateWindowExW(WS_EX_CONTROLPARENT, kClass, title.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                  CW_USEDEFAULT, CW_USEDEFAULT, kFirstSize.cx, kFirstSize.cy, nullptr, nullptr,
-                  look.hInstance, this);
-  if (!window_) check(HRESULT_FROM_WIN32(GetLastError()), "the main window");
-  place(window_, 0, 0, scaled(kFirstSize.cx), scaled(kFirstSize.cy));
-  grid_ = std::make_unique<ListGrid>(window_, session.engine());
+  create(L"vmGridViews.gridhost", nullptr, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
+         title.c_str());
+  RECT desk{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &desk, 0);
+  place(window(), desk.left, desk.top, std::min<int>(scaled(kFirstSize.cx), desk.right - desk.left),
+        std::min<int>(scaled(kFirstSize.cy), desk.bottom - desk.top));
+  grid_ = std::make_unique<ListGrid>(window(), session.engine());
   makeButtons();
   status_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
-                            window_, nullptr, look.hInstance, nullptr);
+                            window(), nullptr, nullptr, nullptr);
   showFont();
   const Problems& problems = session.problems();
   if (!problems.empty()) tell(problems.messages().front());
 }
 
-MainWindow::~MainWindow() {
-  if (window_) DestroyWindow(window_);
-  DeleteObject(font_);
-}
+MainWindow::~MainWindow() { DeleteObject(font_); }
 
 // A facet whose dialog this version lacks has its button, greyed.
 void MainWindow::makeButtons() {
@@ -82,30 +65,25 @@ void MainWindow::makeButtons() {
     const DWORD enabled = session_.offers(entry.facet) ? 0 : WS_DISABLED;
     const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstButton + buttons_.size()));
     buttons_.push_back(CreateWindowExW(0, WC_BUTTONW, buttonText(entry.caption).c_str(),
-                                       WS_CHILD | WS_VISIBLE | WS_TABSTOP | enabled, 0, 0, 0, 0, window_, id,
+                                       WS_CHILD | WS_VISIBLE | WS_TABSTOP | enabled, 0, 0, 0, 0, window(), id,
                                        nullptr, nullptr));
   }
 }
 
 void MainWindow::showFont() {
-  const HFONT before = std::exchange(font_, messageFont(GetDpiForWindow(window_)));
-  for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+  const HFONT before = std::exchange(font_, messageFont(GetDpiForWindow(window())));
+  for (HWND child = GetWindow(window(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
     SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
   }
   if (before) DeleteObject(before);
-  grid_->showColumns();
   arrange();
-}
-
-int MainWindow::scaled(int pixels) const noexcept {
-  return MulDiv(pixels, static_cast<int>(GetDpiForWindow(window_)), USER_DEFAULT_SCREEN_DPI);
 }
 
 void MainWindow::arrange() {
   if (!status_) return;
-  RECT inside{}, bar{};
+  const RECT inside = client();
+  RECT bar{};
   SendMessageW(status_, WM_SIZE, 0, 0);
-  GetClientRect(window_, &inside);
   GetWindowRect(status_, &bar);
   const int parts[] = {inside.right - scaled(kRowsWidth), -1};
   SendMessageW(status_, SB_SETPARTS, std::size(parts), reinterpret_cast<LPARAM>(parts));
@@ -123,15 +101,15 @@ void MainWindow::arrange() {
 }
 
 std::string MainWindow::rowsText() const {
-  std::string number = std::to_string(session_.engine()->rowCount());
+  std::string number = std::to_string(session_.engine()->records());
   for (int i = static_cast<int>(number.size()) - 3; i > 0; i -= 3) number.insert(i, inEnglish() ? "," : ".");
   return number + (inEnglish() ? " rows" : " γραμμές");
 }
 
 void MainWindow::show() {
-  ShowWindow(window_, SW_SHOW);
+  ShowWindow(window(), SW_SHOW);
   SetFocus(grid_->window());
-  UpdateWindow(window_);
+  UpdateWindow(window());
 }
 
 void MainWindow::tell(const std::string& text) {
@@ -140,7 +118,7 @@ void MainWindow::tell(const std::string& text) {
 
 void MainWindow::run() {
   for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0;) {
-    if (window_ && IsDialogMessageW(window_, &message)) continue;
+    if (window() && IsDialogMessageW(window(), &message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
@@ -150,53 +128,30 @@ void MainWindow::open(const char* method) noexcept {
   try {
     session_.control().call(Member(method));
   } catch (const std::exception& error) {
-    MessageBoxW(window_, wide(error.what()).c_str(), nullptr, MB_OK | MB_ICONERROR);
+    MessageBoxW(window(), wide(error.what()).c_str(), nullptr, MB_OK | MB_ICONERROR);
   }
 }
 
-LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+std::optional<LRESULT> MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND: {
       const std::size_t button = LOWORD(wParam) - kFirstButton;
       if (HIWORD(wParam) == BN_CLICKED && button < std::size(kEntries)) open(kEntries[button].method);
       return 0;
     }
-    case WM_NOTIFY: {
-      auto& notice = *reinterpret_cast<NMHDR*>(lParam);
-      return grid_ && notice.hwndFrom == grid_->window() ? grid_->notified(notice) : 0;
-    }
     case WM_SIZE: arrange(); return 0;
+    case WM_SETFOCUS:
+      if (grid_) SetFocus(grid_->window());
+      return 0;
     case WM_DPICHANGED: {
       const RECT& wanted = *reinterpret_cast<const RECT*>(lParam);
-      place(window_, wanted.left, wanted.top, wanted.right - wanted.left, wanted.bottom - wanted.top);
+      place(window(), wanted.left, wanted.top, wanted.right - wanted.left, wanted.bottom - wanted.top);
       showFont();
       return 0;
     }
     case WM_DESTROY: PostQuitMessage(0); return 0;
-    default: break;
+    default: return {};
   }
-  return 0;
-}
-
-LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE) {
-    const auto& made = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made.lpCreateParams));
-    static_cast<MainWindow*>(made.lpCreateParams)->window_ = window;
-  }
-  auto* const self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  switch (message) {
-    case WM_COMMAND:
-    case WM_NOTIFY:
-    case WM_SIZE:
-    case WM_DPICHANGED:
-    case WM_DESTROY: return self ? self->handle(message, wParam, lParam) : 0;
-    case WM_NCDESTROY:
-      if (self) self->window_ = nullptr;
-      break;
-    default: break;
-  }
-  return DefWindowProcW(window, message, wParam, lParam);
 }
 
 }  // namespace vmgv
