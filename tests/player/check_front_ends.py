@@ -11,6 +11,7 @@ import zipfile
 
 GEOMETRY = {"left", "top", "width", "height"}
 FONT = {"name", "size"}  # are the desktop's
+LAYOUTS = {"sorted.json", "reshaped.json", "reshaped-again.json"}  # are the same to the byte
 
 
 def without_geometry(node, dropped=GEOMETRY):
@@ -21,12 +22,12 @@ def without_geometry(node, dropped=GEOMETRY):
 
 
 def content(path):
-    if path.suffix == ".json":
+    if path.suffix == ".json" and path.name not in LAYOUTS:
         return json.dumps(without_geometry(json.loads(path.read_text(encoding="utf-8"))), indent=1)
     if path.suffix == ".xlsx":
         with zipfile.ZipFile(path) as parts:
             return "\n".join(parts.read(name).decode() for name in parts.namelist() if name.startswith("xl/"))
-    return path.read_text(encoding="utf-8")
+    return path.read_bytes().decode()
 
 
 def play(source, command, *options):
@@ -49,7 +50,7 @@ split = programs.index("--") if "--" in programs else len(programs)
 gridhost, other = programs[:split], programs[split + 1:]
 for language in ("en", "el"):
     wanted = play(source, gridhost, "--language", language, "--frontend", "headless")
-    assert len(wanted) == 11, sorted(wanted)
+    assert len(wanted) == 21 and LAYOUTS < wanted.keys(), sorted(wanted)
     compare(native, play(source, gridhost, "--language", language, "--frontend", native), wanted)
     if other and os.path.exists(other[0]):
         compare(other[0], play(source, other, "--language", language, "--frontend", "headless"), wanted)
