@@ -37,6 +37,8 @@ struct Expansion {
 constexpr Expansion kExpansions[] = {{0xC6, "AE"},  {0xE6, "ae"},  {0xDF, "ss"}, {0x1E9E, "SS"},
                                      {0x152, "OE"}, {0x153, "oe"}, {0xDE, "TH"}, {0xFE, "th"},
                                      {0x132, "IJ"}, {0x133, "ij"}};
+constexpr std::size_t kOtherBytes = 4;
+constexpr std::size_t kMostFolded = 2;    // bytes for each of a text: a letter of two may become four
 constexpr char kPlain = 1;                // no accent, no capital
 constexpr std::uint8_t kExpanded = 0xFD;  // an accent: "ae" comes before its ligature
 constexpr std::uint8_t kSeveral = 0xFE;
@@ -44,9 +46,10 @@ constexpr std::uint8_t kSeveral = 0xFE;
 bool isMark(char32_t c) { return c < 0xC0 || (c >= 0x2000 && c < 0x2C00) || (c >= 0x3000 && c < 0x3040); }
 
 // Bytes from 0x80 on stand behind a lead byte only, so that a part of a key never begins or ends within one.
-void appendOther(char32_t c, std::string& key) {
-  key += isMark(c) ? kOtherMark : kOtherLetter;
-  for (int shift = 14; shift >= 0; shift -= 7) key += static_cast<char>(0x80 | (c >> shift & 0x7F));
+char* putOther(char32_t c, char* out) {
+  *out++ = isMark(c) ? kOtherMark : kOtherLetter;
+  for (int shift = 14; shift >= 0; shift -= 7) *out++ = static_cast<char>(0x80 | (c >> shift & 0x7F));
+  return out;
 }
 
 const char* expansionOf(char32_t c) {
@@ -87,7 +90,8 @@ struct Levels {
     return length;
   }
   void addOther(char32_t c) {
-    appendOther(c, primary);
+    char bytes[kOtherBytes];
+    primary.append(bytes, putOther(c, bytes));
     ++letters;
   }
   void addAccent(int accent) {
@@ -115,17 +119,6 @@ void addCharacter(char32_t c, Levels& levels) {
     Letter plain = kAscii[static_cast<unsigned char>(*parts)];
     plain.accent = kExpanded;
     levels.add(plain);
-  }
-}
-
-void appendFolded(char32_t c, std::string& folded) {
-  if (isCombining(c)) return;
-  if (const Letter letter = letterOf(c); letter.weight != 0) {
-    folded += static_cast<char>(letter.weight);
-  } else if (const char* parts = expansionOf(c)) {
-    appendFoldedText(parts, folded);
-  } else {
-    appendOther(c, folded);
   }
 }
 
@@ -243,14 +236,27 @@ void appendSortKey(std::string_view text, std::string& keys) {
 }
 
 void appendFoldedText(std::string_view text, std::string& folded) {
+  const std::size_t before = folded.size();
+  folded.resize(before + kMostFolded * text.size());
+  char* out = folded.data() + before;
   while (!text.empty()) {
-    if (const auto c = static_cast<unsigned char>(text.front()); c < kAscii.size()) {
-      folded += static_cast<char>(kAscii[c].weight);
+    const auto byte = static_cast<unsigned char>(text.front());
+    if (byte < kAscii.size()) {
+      *out++ = static_cast<char>(kAscii[byte].weight);
       text.remove_prefix(1);
+      continue;
+    }
+    const char32_t c = takeCharacter(text);
+    if (isCombining(c)) continue;
+    if (const Letter letter = letterOf(c); letter.weight != 0) {
+      *out++ = static_cast<char>(letter.weight);
+    } else if (const char* parts = expansionOf(c)) {
+      for (; *parts; ++parts) *out++ = static_cast<char>(kAscii[static_cast<unsigned char>(*parts)].weight);
     } else {
-      appendFolded(takeCharacter(text), folded);
+      out = putOther(c, out);
     }
   }
+  folded.resize(static_cast<std::size_t>(out - folded.data()));
 }
 
 std::vector<std::uint32_t> textRanks(const TextPool& texts) { return Ranking(texts).ranks(); }

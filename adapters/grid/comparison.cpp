@@ -228,14 +228,15 @@ bool Comparison::textMatches(CellText& cell) const {
   return text_.holds(cell.folded());
 }
 
-// Calls use(values, test): the column's values, and what says whether one of them matches.
+// Calls use(values, test): the column's values, and what says whether one of them matches. What a test looks
+// at is its own, so that a loop over all values need not fetch it anew behind each result.
 template <class Use>
 auto Comparison::withTest(Use use) const {
-  const auto inRange = [this](auto value) { return number_.holds(static_cast<double>(value)); };
+  const auto inRange = [range = number_](auto value) { return range.holds(static_cast<double>(value)); };
   switch (kind_) {
-    case Kind::Wide: return use(column_->wide(), [this](std::int64_t value) { return wide_.holds(value); });
+    case Kind::Wide: return use(column_->wide(), [range = wide_](auto value) { return range.holds(value); });
     case Kind::Number:
-      return use(column_->numbers(), [=](double value) { return !std::isnan(value) && inRange(value); });
+      return use(column_->numbers(), [=](double value) { return inRange(value) && value == value; });
     case Kind::Date: return use(column_->numbers(), [=](double days) { return inRange(momentOf(days)); });
     case Kind::Boolean: return use(column_->flags(), inRange);
     case Kind::Nothing:
@@ -260,9 +261,7 @@ std::vector<std::uint8_t> Comparison::matchingRecords(CellText& cell) const {
   std::vector<std::uint8_t> matching(column_ ? column_->size() : 0);
   if (kind_ == Kind::Nothing) return matching;
   if (isText()) {
-    for (std::uint32_t record = 0; record < matching.size(); ++record) {
-      matching[record] = matches(record, cell) ? 1 : 0;
-    }
+    findTexts(cell, matching);
     return matching;
   }
   withTest([&](const auto& values, auto test) {
@@ -274,6 +273,22 @@ std::vector<std::uint8_t> Comparison::matchingRecords(CellText& cell) const {
     if (column_->isNull(record)) matching[record] = 0;
   }
   return matching;
+}
+
+// A text that many records have is looked at once.
+void Comparison::findTexts(CellText& cell, std::vector<std::uint8_t>& matching) const {
+  const auto& codes = column_->codes();
+  enum : std::uint8_t { kNo, kYes, kUnknown };
+  std::vector<std::uint8_t> verdicts(column_->texts().size(), kUnknown);
+  for (std::uint32_t record = 0; record < matching.size(); ++record) {
+    if (codes.empty()) {
+      matching[record] = matches(record, cell) ? kYes : kNo;
+    } else if (codes[record] != kNullText) {
+      std::uint8_t& verdict = verdicts[codes[record]];
+      if (verdict == kUnknown) verdict = matches(record, cell) ? kYes : kNo;
+      matching[record] = verdict;
+    }
+  }
 }
 
 }  // namespace vmgv

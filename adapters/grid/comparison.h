@@ -75,6 +75,7 @@ class Comparison {
   bool textMatches(CellText& cell) const;
   template <class Use>
   auto withTest(Use use) const;
+  void findTexts(CellText& cell, std::vector<std::uint8_t>& matching) const;
 
   const ColumnData* column_ = nullptr;
   Kind kind_ = Kind::Nothing;

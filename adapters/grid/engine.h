@@ -129,6 +129,8 @@ class GridEngine {
   // How a row looks: of a record, else the grid's own colours and font. Valid until the next call of it.
   const RowStyle& styleOf(const DisplayRow& row) const;
   RowReasons reasonsOf(const DisplayRow& row) const;  // none but for records
+  // Of each family that a row may have, the largest font.
+  std::vector<GridFont> largestFonts() const;
   // A look at all records: 1 for those that match the condition (from 0), in the source's order.
   std::vector<std::uint8_t> matchingRecords(std::size_t condition) const;
 

@@ -1,5 +1,6 @@
 // The engine's display settings, format conditions, and its view as a whole.
 #include <algorithm>
+#include <set>
 #include <unordered_map>
 #include <utility>
 
@@ -59,6 +60,22 @@ RowReasons GridEngine::reasonsOf(const DisplayRow& row) const {
   if (row.rowType != kRecordRow) return {};
   if (row.record >= records_) noRecord(row.record);
   return styles().reasonsOf(row.record);
+}
+
+std::vector<GridFont> GridEngine::largestFonts() const {
+  GridFont font = settings_.font;
+  std::set<std::string> families{font.name};
+  for (const auto& condition : conditions_) {
+    const FormatStyle& style = (*condition)->style;
+    if (style.fontName) families.insert(*style.fontName);
+    font.size = std::max(font.size, style.fontSize.value_or(0));
+  }
+  std::vector<GridFont> fonts;
+  for (const std::string& family : families) {
+    font.name = family;
+    fonts.push_back(font);
+  }
+  return fonts;
 }
 
 std::vector<std::uint8_t> GridEngine::matchingRecords(std::size_t condition) const {

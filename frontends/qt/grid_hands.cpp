@@ -1,10 +1,12 @@
 // What the user's hands do in the grid view.
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWhatsThis>
 
 #include "adapters/grid/user_acts.h"
 #include "frontends/qt/grid_header.h"
 #include "frontends/qt/grid_rows.h"
+#include "frontends/qt/grid_texts.h"
 #include "frontends/qt/grid_view.h"
 
 namespace vmgv {
@@ -53,8 +55,18 @@ void GridView::goTo(int row) {
 void GridView::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Undo)) return undo();
   if (event->matches(QKeySequence::Redo)) return redo();
+  if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::ShiftModifier) return showReasons();
   if (event->key() == Qt::Key_F6 && header_->box().isVisible() && header_->box().focusFirst()) return;
   if (!columnKey(*event) && !groupKey(*event)) QTableView::keyPressEvent(event);
+}
+
+// Unlike a tooltip it stays until the next key or click, and can be read out.
+void GridView::showReasons() {
+  const QModelIndex current = currentIndex();
+  if (!current.isValid() || current.row() >= engine()->rowCount()) return;
+  const QString reasons = model_->reasons(engine()->displayRow(GridModel::positionOf(current.row())));
+  QWhatsThis::showText(viewport()->mapToGlobal(visualRect(current).bottomLeft()),
+                       reasons.isEmpty() ? gridtexts::noReasons() : reasons, this);
 }
 
 bool GridView::columnKey(const QKeyEvent& event) {

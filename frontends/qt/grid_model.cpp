@@ -1,5 +1,6 @@
 #include "frontends/qt/grid_model.h"
 
+#include <QBrush>
 #include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
@@ -68,23 +69,39 @@ QVariant GridModel::rowData(const DisplayRow& row, int position, int column, int
     case Qt::DisplayRole: return qt(engine_->displayText(position, column));
     case Qt::TextAlignmentRole: return QVariant::fromValue(qtAlignment(engine_->alignment(column)));
     case Qt::BackgroundRole:
-      if (row.rowType != kRecordRow) return QGuiApplication::palette().brush(QPalette::Button);
-      if (engine_->settings().useEvenOddColor && row.ordinal % 2 == 1) {
-        return QGuiApplication::palette().brush(QPalette::AlternateBase);
-      }
-      return {};
     case Qt::ForegroundRole:
-      if (row.rowType != kRecordRow) return QGuiApplication::palette().brush(QPalette::ButtonText);
-      return {};
+    case Qt::FontRole: return styleData(row, role);
+    case Qt::ToolTipRole: return reasons(row);
     case Qt::AccessibleTextRole: return accessibleText(row, position, column);
     case Qt::AccessibleDescriptionRole: return preview(row, column);
     default: return {};
   }
 }
 
+// Nothing where the view itself draws as it should: its base shows through, and its text has the right
+// colour.
+QVariant GridModel::styleData(const DisplayRow& row, int role) const {
+  if (row.rowType != kRecordRow) {
+    if (role == Qt::FontRole) return {};
+    const bool back = role == Qt::BackgroundRole;
+    return QGuiApplication::palette().brush(back ? QPalette::Button : QPalette::ButtonText);
+  }
+  const RowStyle& style = engine_->styleOf(row);
+  if (role == Qt::FontRole) return look_.hasOwnFont(style) ? look_.font(style) : QVariant();
+  const bool back = role == Qt::BackgroundRole;
+  const QColor color = back ? look_.back(style) : look_.ink(style);
+  return color == (back ? look_.base() : look_.text()) ? QVariant() : QBrush(color);
+}
+
+QString GridModel::reasons(const DisplayRow& row) const {
+  const RowReasons reasons = engine_->reasonsOf(row);
+  return reasons.matching.empty() ? QString() : gridtexts::reasons(reasons);
+}
+
 QString GridModel::accessibleText(const DisplayRow& row, int position, int column) const {
   QString text = qt(engine_->displayText(position, column));
-  if (row.rowType == kRecordRow || text.isEmpty()) return text;
+  if (row.rowType == kRecordRow) return gridtexts::marked(text, engine_->reasonsOf(row));
+  if (text.isEmpty()) return text;
   if (row.rowType == kGroupHeaderRow) return gridtexts::header(text, engine_->isExpanded(row));
   const QString caption = qt(engine_->column(column).caption);
   return engine_->isSummed(column)

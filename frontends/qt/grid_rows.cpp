@@ -80,31 +80,31 @@ void paintHeader(QTableView& view, const GridModel& model, QPainter& painter, co
 
 void paintPreview(QTableView& view, const GridModel& model, QPainter& painter, const DisplayRow& row,
                   int modelRow) {
-  const RowSizes sizes = RowSizes::of(view, model.engine());
+  const RowSizes sizes = RowSizes::of(model);
   const QHeaderView& columns = *view.horizontalHeader();
   const int right = std::min(view.viewport()->width(), columns.length() - columns.offset());
   const QRect rect(0, view.rowViewportPosition(modelRow) + sizes.line - 1, right,
                    view.rowHeight(modelRow) - sizes.line + 1);
   const bool selected = view.selectionModel()->isRowSelected(modelRow);
-  const bool alternate = model.engine().settings().useEvenOddColor && row.ordinal % 2 == 1;
+  const RowStyle& style = model.engine().styleOf(row);
   const QPalette& palette = view.palette();
   const auto group = colorGroup(view);
-  const auto back = selected ? QPalette::Highlight : alternate ? QPalette::AlternateBase : QPalette::Base;
-  painter.fillRect(rect, palette.brush(group, back));
+  painter.fillRect(rect, selected ? palette.color(group, QPalette::Highlight) : model.look().back(style));
   painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, palette.brush(group, QPalette::Mid));
-  QColor ink = palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
+  QColor ink = selected ? palette.color(group, QPalette::HighlightedText) : model.look().ink(style);
   if (!selected) ink.setAlphaF(0.75F);
   painter.setPen(ink);
+  painter.setFont(model.look().font(style));
   const QRect room = rect.adjusted(2 * kPadding, 0, -kPadding, 0);
   drawLines(painter, room, qt(model.engine().previewText(row)), model.engine().previewLines());
 }
 
 }  // namespace
 
-RowSizes RowSizes::of(const QTableView& view, const GridEngine& engine) {
-  const QFontMetrics metrics = view.fontMetrics();
-  const int lines = engine.previewLines();
-  return {metrics.height() + kPadding, lines == 0 ? 0 : lines * metrics.lineSpacing() + kPadding / 2};
+RowSizes RowSizes::of(const GridModel& model) {
+  const GridLook& look = model.look();
+  const int lines = model.engine().previewLines();
+  return {look.textHeight() + kPadding, lines == 0 ? 0 : lines * look.lineSpacing() + kPadding / 2};
 }
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -112,7 +112,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const DisplayRow row = model_.engine().displayRow(GridModel::positionOf(index.row()));
   if (row.rowType == kGroupHeaderRow) return;
   QStyleOptionViewItem cell = option;
-  cell.rect.setHeight(std::min(cell.rect.height(), RowSizes::of(view_, model_.engine()).line - 1));
+  cell.rect.setHeight(std::min(cell.rect.height(), RowSizes::of(model_).line - 1));
   cell.font.setBold(cell.font.bold() || row.rowType == kGroupFooterRow);
   QStyledItemDelegate::paint(painter, cell, index);
 }

@@ -13,7 +13,7 @@ struct RowSizes {
   int line = 0;     // of cells, of headers and footers
   int preview = 0;  // below the cells of a record
 
-  static RowSizes of(const QTableView& view, const GridEngine& engine);
+  static RowSizes of(const GridModel& model);
 };
 
 // Draws cells in the first line of their row, and none in a header.

@@ -1,7 +1,9 @@
-// What assistive technology says of the grid's own parts.
+// What the grid says of its own parts: to assistive technology, and of why a row looks as it does.
 #pragma once
 
 #include <QString>
+
+#include "adapters/grid/row_styles.h"
 
 namespace vmgv::gridtexts {
 
@@ -10,5 +12,10 @@ QString groupedBy(const QString& caption, bool ascending);
 QString header(const QString& text, bool expanded);
 QString sum(const QString& caption, const QString& value);
 QString count(const QString& caption, const QString& value);
+// A cell's text with the conditions that match its row, so that colour is not the only sign of them.
+QString marked(const QString& text, const RowReasons& reasons);
+// Rich text: the conditions, and for each attribute the one that it is from.
+QString reasons(const RowReasons& reasons);
+QString noReasons();
 
 }  // namespace vmgv::gridtexts

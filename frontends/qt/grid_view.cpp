@@ -117,7 +117,7 @@ void GridView::rowsChanged() { refreshRows(); }
 void GridView::selectionChanged() { showSelection(); }
 
 void GridView::appearanceChanged() {
-  showFont();
+  showLook();
   showHeights();
   header_->showBox();
   showWidths();
@@ -129,7 +129,7 @@ void GridView::refreshRows() {
   const QModelIndex current = currentIndex();
   const bool others = model_->refresh();
   measure();
-  showFont();
+  showLook();
   showHeights();
   header_->showBox();
   showColumns();
@@ -143,7 +143,7 @@ void GridView::refreshRows() {
 
 // A record's preview stands in the record's own row. Qt adds up heights in an int, which many rows fill.
 void GridView::showHeights() {
-  const RowSizes sizes = RowSizes::of(*this, *engine());
+  const RowSizes sizes = RowSizes::of(*model_);
   const std::int64_t rows = std::max(1, model_->rowCount());
   const auto most = static_cast<int>(std::numeric_limits<int>::max() / rows);
   const int line = std::min(sizes.line, most), record = std::min(sizes.line + sizes.preview, most);
@@ -263,6 +263,15 @@ void GridView::showFont() {
   setFont(qtFont({font.name, font.size, font.bold, font.italic, font.underline, font.strikethrough, 0}));
 }
 
+// The viewport's palette is the view's to set; what it does not set there is the host's.
+void GridView::showLook() {
+  showFont();
+  model_->followLook();
+  QPalette palette;
+  if (engine()->settings().backColor != kWindowColor) palette.setColor(QPalette::Base, model_->look().base());
+  viewport()->setPalette(palette);
+}
+
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   if (engine()->settings().columnAutoResize) showWidths();
@@ -270,8 +279,14 @@ void GridView::resizeEvent(QResizeEvent* event) {
 
 void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-    showHeights();
+  switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+    case QEvent::PaletteChange:
+      model_->followLook();
+      showHeights();
+      return;
+    default: return;  // of Qt's many events
   }
 }
 

@@ -19,6 +19,7 @@
 //   Ctrl+G                   group by it, or no longer
 //   F6                       go to the group-by box
 //   Ctrl+Z, Ctrl+Shift+Z     undo, redo what was done to the view
+//   Shift+F1                 tell why the current row looks as it does, as the tooltip of a row does
 #pragma once
 
 #include <QByteArray>
@@ -80,6 +81,7 @@ class GridView : public QTableView, private GridObserver {
   void showWidths();
   void showSelection();
   void showFont();
+  void showLook();
   void showHeights();
   void measure();
   int naturalWidth(int column) const;
@@ -89,6 +91,7 @@ class GridView : public QTableView, private GridObserver {
   bool columnKey(const QKeyEvent& event);
   void setExpanded(int row, bool expanded);
   void goTo(int row);
+  void showReasons();
 
   struct Heights {  // of which rows, and how high
     int line = 0, record = 0;
