@@ -56,6 +56,10 @@ ListRows::ListRows(HWND parent, const ListModel& model) : model_(model) {
   create(L"vmGridViews.rows", parent, WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL);
 }
 
+ListRows::~ListRows() {
+  if (accessible_) accessible_->leave();
+}
+
 void ListRows::refresh() {
   row_ = std::min(row_, count());
   anchor_ = std::min(anchor_, count());
@@ -232,6 +236,7 @@ void ListRows::takeColumn(std::int32_t column) {
   const std::size_t place = placeOf(column);
   if (place == model_.columns.size()) return;
   column_ = column;
+  NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, window(), OBJID_CLIENT, row_);
   int left = 0;
   for (std::size_t i = 0; i < place; ++i) left += model_.columns[i].width;
   const int room = static_cast<int>(client().right);
@@ -259,6 +264,10 @@ std::optional<LRESULT> ListRows::handle(UINT message, WPARAM wParam, LPARAM lPar
     }
     case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
     case WM_ERASEBKGND: return 1;
+    case WM_GETOBJECT:
+      if (static_cast<LONG>(lParam) != OBJID_CLIENT) return {};
+      if (!accessible_) accessible_ = makeComObject<RowAccessible>(*this, model_);
+      return LresultFromObject(__uuidof(IAccessible), wParam, static_cast<IAccessible*>(accessible_.get()));
     case WM_SIZE: refresh(); return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS: repaint(); return 0;

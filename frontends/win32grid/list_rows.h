@@ -17,6 +17,7 @@
 #include <functional>
 
 #include "frontends/win32grid/own_window.h"
+#include "frontends/win32grid/row_accessible.h"
 #include "frontends/win32grid/row_painter.h"
 
 namespace vmgv {
@@ -25,6 +26,7 @@ class ListRows final : public OwnWindow {
  public:
   // The model outlives it.
   ListRows(HWND parent, const ListModel& model);
+  ~ListRows() override;
 
   // Rows, columns or their look are others.
   void refresh();
@@ -33,10 +35,10 @@ class ListRows final : public OwnWindow {
   std::function<void()> onShift;
   std::function<void()> onLeaveForBox;
 
-  // For assistive technology.
-  std::int32_t currentRow() const noexcept { return row_; }  // 0: none
-  RECT rectOf(std::int32_t position) const;                  // empty where it is not in sight
-  std::int32_t positionAt(int y) const;                      // 0: below all rows
+  std::int32_t currentRow() const noexcept { return row_; }        // 0: none
+  std::int32_t currentColumn() const noexcept { return column_; }  // an index; 0: none
+  RECT rectOf(std::int32_t position) const;                        // empty where it is not in sight
+  std::int32_t positionAt(int y) const;                            // 0: below all rows
 
  private:
   std::optional<LRESULT> handle(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -78,6 +80,7 @@ class ListRows final : public OwnWindow {
   int shift_ = 0;
   int wheel_ = 0;  // what is left of its turns
   bool dragging_ = false;
+  ComPtr<RowAccessible> accessible_;  // once somebody has asked for it
 };
 
 }  // namespace vmgv

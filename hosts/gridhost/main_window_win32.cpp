@@ -41,7 +41,8 @@ HFONT messageFont(UINT dpi) {
 MainWindow::MainWindow(ComSession& session) : session_(session) {
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
-  const std::wstring title = pathOf(session.dataName()).filename().wstring() + L" – vmGridViews";
+  const std::wstring table = pathOf(session.dataName()).filename().wstring(),
+                     title = table + L" – vmGridViews";
   create(L"vmGridViews.gridhost", nullptr, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
          title.c_str());
   RECT desk{};
@@ -49,6 +50,7 @@ MainWindow::MainWindow(ComSession& session) : session_(session) {
   place(window(), desk.left, desk.top, std::min<int>(scaled(kFirstSize.cx), desk.right - desk.left),
         std::min<int>(scaled(kFirstSize.cy), desk.bottom - desk.top));
   grid_ = std::make_unique<ListGrid>(window(), session.engine());
+  SetWindowTextW(grid_->rows().window(), table.c_str());  // its name for assistive technology
   makeButtons();
   status_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
                             window(), nullptr, nullptr, nullptr);

@@ -1,26 +1,26 @@
-// Dialogs leave nothing behind, however often they open and close.
-#include "control/vmgr_edit.h"
-#include "frontends/win32/win32_system.h"
-#include "tests/dialogs/fake_grid.h"
-#include "tests/win32/fixture.h"
+// Dialogs that a COM host opens leave nothing behind, however often they open and close.
+#include "frontends/com/bridge.h"
+#include "frontends/user/steps.h"
+#include "servers/control/script_link.h"
+#include "tests/control/libraries.h"
+#include "tests/grid/fixture.h"
 #include "tests/win32/resources.h"
 
 namespace vmgv {
 
-TEST_F(Win32Test, FiveHundredOpeningsLeaveNothing) {
+TEST(Growth, FiveHundredOpeningsLeaveNothing) {
   constexpr int kWarmUp = 20, kOpenings = 500;
-  Win32System system(desktop);
-  EmbeddedStringService strings;
-  strings.setLanguage(kGreek);
-  Application application(desktop, system, strings);
-  const ObjectRef control = makeObject<vmgrEdit>(application);
-  FakeGrid grid = gridOfColumns(12);
-  control.putRef("Grid", grid.object());
-  for (const char* method : {"ShowSort", "ShowExcel"}) {
+  const ComPtr<_vmgrEdit> edit = test::makeControl();
+  const ObjectRef control = wrapDispatch(edit.get());
+  const auto engine = engineOf({{"City"}, {"Kind"}, {"Price"}}, {{"Volos", "lamp", 4.5}});
+  control.putRef("Grid", makeGridObject(engine));
+  LinkedUser hands(*test::entry<ScriptLinkExport>(GetModuleHandleW(L"vmGridViews.dll"), kScriptLinkExport)());
+  for (const char* method :
+       {"ShowSort", "ShowGroups", "ShowItems", "ShowGeneral", "ShowExcel", "ShowSummary"}) {
     const auto open = [&](int times) {
       for (int i = 0; i < times; ++i) {
-        Steps user(desktop, {[&] { desktop.press(*desktop.focused(), Key::Tab, 0); },
-                             [&] { desktop.press(*desktop.focused(), Key::Escape, 0); }});
+        Steps user(hands, {[&] { hands.press(*hands.focused(), Key::Tab, 0); },
+                           [&] { hands.press(*hands.focused(), Key::Escape, 0); }});
         control.call(method);
         user.finish();
       }

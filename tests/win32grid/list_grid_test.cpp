@@ -1,8 +1,8 @@
 // The Windows list of a grid under a user's mouse and keys.
 #include "frontends/win32grid/list_grid.h"
 
+#include "frontends/com/text.h"
 #include "frontends/win32/gestures.h"
-#include "frontends/win32/window_walk.h"
 #include "tests/grid/fixture.h"
 #include "tests/win32/fixture.h"
 #include "tests/win32/resources.h"
@@ -41,9 +41,10 @@ std::vector<std::vector<Value>> sampleRows() {
 
 struct ListGridTest : testing::Test {
   ListGridTest() {
-    place(list.window(), 0, 0, 480, 260);
+    place(list.window(), 0, 0, px(480), px(260));
     SetFocus(list.window());
   }
+  int px(int pixels) { return MulDiv(pixels, static_cast<int>(GetDpiForWindow(list.window())), 96); }
   HWND rows() { return list.rows().window(); }
   HWND header() { return list.header().window(); }
   RECT rowRect(int position) { return list.rows().rectOf(position); }
@@ -118,11 +119,11 @@ TEST_F(ListGridTest, MouseSelectsAndOpensGroups) {
   engine->addGroup({1, 1});
   engine->addGroup({2, 1});
   ASSERT_EQ(engine->rowCount(), 46);
-  click(rows(), inRow(1, 8));
+  click(rows(), inRow(1, px(8)));
   EXPECT_EQ(engine->rowCount(), 24) << "the mark of the outer group";
-  click(rows(), inRow(3, 8));
+  click(rows(), inRow(3, px(8)));
   EXPECT_EQ(engine->rowCount(), 24) << "an inner group's mark stands further right";
-  click(rows(), inRow(3, 8 + 18));
+  click(rows(), inRow(3, px(8 + 18)));
   EXPECT_EQ(engine->rowCount(), 14);
   gestures::doubleClick(rows(), inRow(1, 200));
   EXPECT_EQ(engine->rowCount(), 36);
@@ -167,7 +168,7 @@ TEST_F(ListGridTest, HeadersAreClickedDraggedAndResized) {
   const int width = headerWidth(1);
   const POINT edge{headerPoint(1).x + width / 2, 5};
   drag(header(), edge, {edge.x + 40, 5});
-  EXPECT_NEAR(engine->column(3).width, width + 40, 1);
+  EXPECT_NEAR(px(engine->column(3).width), width + 40, 1);
   EXPECT_NEAR(headerWidth(1), width + 40, 1);
   press('Z', kControl);
   EXPECT_EQ(engine->column(3).width, 0) << "one step, however long it was dragged";
@@ -245,7 +246,7 @@ TEST_F(ListGridTest, KeysDoWhatTheMouseDoes) {
   EXPECT_EQ(engine->selection().size(), 40U);
   const int width = headerWidth(3);
   press(VK_ADD, kControl);
-  EXPECT_NEAR(headerWidth(3), width + 10, 1);
+  EXPECT_NEAR(headerWidth(3), width + px(10), 1);
   for (int i = 0; i < 99; ++i) press(VK_SUBTRACT, kControl);
   EXPECT_EQ(engine->column(4).width, 20);
 }
@@ -273,6 +274,41 @@ TEST_F(ListGridTest, KeysWorkInTheBox) {
   press(VK_DELETE);
   EXPECT_EQ(keys(), "|");
   EXPECT_EQ(GetFocus(), rows());
+}
+
+TEST_F(ListGridTest, AssistiveTechnologyHearsGroupsTotalsAndPreviews) {
+  engine->addGroup({1, -1});
+  engine->setPreviewColumn(4);
+  engine->changeSettings([](GridSettings& settings) { settings.groupFooterStyle = kTotalsGroupFooter; });
+  ComPtr<IAccessible> told;
+  ASSERT_EQ(S_OK, AccessibleObjectFromWindow(rows(), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                             told.putVoid()));
+  const auto row = [](LONG position) {
+    VARIANT child{};
+    V_VT(&child) = VT_I4;
+    V_I4(&child) = position;
+    return child;
+  };
+  const auto text = [&](auto member, LONG position) {
+    BString answer;
+    (told.get()->*member)(row(position), answer.put());
+    return narrow(answer.view());
+  };
+  const auto state = [&](LONG position) {
+    VARIANT answer{};
+    return told->get_accState(row(position), &answer) == S_OK ? V_I4(&answer) : -1;
+  };
+  EXPECT_EQ(text(&IAccessible::get_accName, 1), "City: Volos (20)");
+  EXPECT_EQ(state(1) & (STATE_SYSTEM_EXPANDED | STATE_SYSTEM_COLLAPSED), STATE_SYSTEM_EXPANDED);
+  EXPECT_EQ(text(&IAccessible::get_accDescription, 2),
+            "City: Volos; Kind: lamp; Price: 1.5; Note: note 1\nsecond\nthird; note 1\nsecond\nthird");
+  press(VK_DOWN);
+  press(VK_RIGHT);
+  EXPECT_EQ(text(&IAccessible::get_accValue, 22), "Kind: (20)");
+  EXPECT_NE(state(2) & STATE_SYSTEM_FOCUSED, 0);
+  EXPECT_EQ(state(99), -1) << "there is no such row";
+  engine->refreshGroups(true);
+  EXPECT_NE(state(1) & STATE_SYSTEM_COLLAPSED, 0);
 }
 
 TEST_F(ListGridTest, PaintsWhatTheEngineSaysAndLeavesNothing) {
