@@ -2,6 +2,7 @@
 #include "control/application.h"
 #include "control/frm_summary.h"
 #include "dialogs/columns/frm_items.h"
+#include "dialogs/conditions/frm_form_conditions.h"
 #include "dialogs/general/frm_other.h"
 #include "dialogs/groupby/frm_group_by.h"
 #include "dialogs/sort/frm_sort.h"
@@ -19,6 +20,9 @@ void installDialogs(Application& application) {
       Facet::Items, [](frmItems& form, const OpenRequest& request) { form.ShowItems(request.editor, true); });
   application.install<frmGroupBy>(
       Facet::Groups, [](frmGroupBy& form, const OpenRequest& request) { form.ShowGroups(request.editor); });
+  application.install<frmFormConditions>(
+      Facet::Format,
+      [](frmFormConditions& form, const OpenRequest& request) { form.ShowConditions(request.editor); });
   application.install<frmOther>(
       Facet::General, [](frmOther& form, const OpenRequest& request) { form.ShowSettings(request.editor); });
   application.install<frmExcel>(

@@ -33,6 +33,7 @@ void HeadlessDesktop::showModal(Form& form) {
   }
   const OnTop place(shown_, {&form, nullptr});
   form.focusMoved(form.initialFocus ? form.initialFocus : nextStop(form, nullptr));
+  if (form.activeControl()) form.activeControl()->gainFocus();
   while (form.isOpen()) {
     if (somebodyActs()) continue;
     form.closeByUser();
@@ -56,6 +57,13 @@ std::optional<std::string> HeadlessDesktop::pickFile(const FileRequest& request)
   open.box = {Box::Kind::File, request.title, {}, {}, request};
   waitFor(open);
   return open.path;
+}
+
+std::optional<Colour> HeadlessDesktop::pickColour(Colour initial) {
+  OpenBox open;
+  open.box = {.kind = Box::Kind::Palette, .colour = initial};
+  waitFor(open);
+  return open.colour;
 }
 
 void HeadlessDesktop::waitFor(OpenBox& box) {

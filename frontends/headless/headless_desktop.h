@@ -18,6 +18,7 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   void showModal(Form& form) override;
   MessageResult messageBox(const std::string& text, MessageStyle style, const std::string& title) override;
   std::optional<std::string> pickFile(const FileRequest& request) override;
+  std::optional<Colour> pickColour(Colour initial) override;
   void doEvents() override {
     if (idle_) idle_->yielding();
   }
@@ -39,6 +40,7 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   void closeWindow() override;
   void answer(MessageResult result) override;
   void pick(const std::optional<std::string>& path) override;
+  void chooseColour(const std::optional<Colour>& colour) override;
   void picture(const std::string& path) override;
   IdleHandler* setIdleHandler(IdleHandler* handler) noexcept override {
     return std::exchange(idle_, handler);
@@ -49,6 +51,7 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
     Box box;
     MessageResult result = MessageResult::Ok;  // of a message
     std::optional<std::string> path;           // of a file picker
+    std::optional<Colour> colour;              // of a colour picker
     bool answered = false;
   };
   struct Shown {  // a form or a box
@@ -64,6 +67,7 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   void requireOnTop(const Control& control);
   void moveFocus(bool backwards);
   static void moveFocusTo(Control& control);
+  static void settleFocus(Form& form);
 
   IdleHandler* idle_ = nullptr;
   std::vector<Shown> shown_;

@@ -21,6 +21,7 @@ class HeadlessSystem : public SystemPort {
   void setScale(int percent);
   // Nothing: the system cannot tell its fonts.
   void setDesktopFonts(std::optional<DesktopFonts> fonts) { fonts_ = std::move(fonts); }
+  void setScreenFonts(std::vector<std::string> names) { screenFonts_ = std::move(names); }
   void setSettings(SettingsFile settings) { settings_ = std::move(settings); }
   void setCommonFilesFolder(std::string folder) { commonFilesFolder_ = std::move(folder); }
   // Makes the objects of programs; null stands for a program that is not installed.
@@ -30,6 +31,7 @@ class HeadlessSystem : public SystemPort {
 
   std::optional<DesktopFonts> desktopFonts() override { return fonts_; }
   std::int32_t pixelsPerInch() override { return pixelsPerInch_; }
+  std::vector<std::string> screenFonts() override { return screenFonts_; }
   std::string setting(const std::string& key, const std::string& name,
                       const std::string& defaultValue) override {
     return settings_.value(key, name, defaultValue);
@@ -49,6 +51,7 @@ class HeadlessSystem : public SystemPort {
 
  private:
   std::optional<DesktopFonts> fonts_;
+  std::vector<std::string> screenFonts_{"DejaVu Sans", "DejaVu Sans Mono", "DejaVu Serif"};
   SettingsFile settings_;
   std::string commonFilesFolder_ = "/";
   std::vector<HelpCall> helpCalls_;

@@ -4,6 +4,8 @@
 #include "frontends/headless/headless_desktop.h"
 #include "frontends/headless/tab_order.h"
 #include "support/automation/error.h"
+#include "support/forms/colour_field.h"
+#include "support/forms/tool_button.h"
 #include "support/text/utf8.h"
 
 namespace vmgv {
@@ -13,6 +15,7 @@ namespace {
 class Click final : public ControlVisitor {
  public:
   void visit(CheckBox& box) override { box.click(); }
+  void visit(ColourField& field) override { field.click(); }
   void visit(ComboBox&) override {}  // drops its list down
   void visit(CommandButton& button) override { button.click(); }
   void visit(Frame&) override {}
@@ -25,6 +28,7 @@ class Click final : public ControlVisitor {
   void visit(PictureBox&) override {}
   void visit(ProgressBar&) override {}
   void visit(TextBox&) override {}
+  void visit(ToolButton& button) override { button.click(); }
 };
 
 // What a control does by itself with a key; false where the key is not for it.
@@ -87,13 +91,13 @@ Form& HeadlessDesktop::topForm() {
 }
 
 HeadlessDesktop::OpenBox& HeadlessDesktop::topBox(Box::Kind kind) {
-  const char* const wanted = kind == Box::Kind::Message ? "message" : "file picker";
-  if (!box() || box()->kind != kind) throw CannotDo(std::string("no ") + wanted + " is on top");
+  if (!box() || box()->kind != kind) throw CannotDo(std::string("no ") + nameOf(kind) + " is on top");
   return *shown_.back().box;
 }
 
 void HeadlessDesktop::requireOnTop(const Control& control) {
   if (&topForm() != &control.form()) throw CannotDo(control.form().name() + " is not on top");
+  settleFocus(control.form());
 }
 
 void HeadlessDesktop::click(Control& control) {
@@ -142,6 +146,7 @@ void HeadlessDesktop::enter(Control& control, const std::string& text) {
 
 void HeadlessDesktop::press(Control& control, Key key, int shift) {
   focus(control);
+  if (control.form().pressKey(&control, key, shift)) return;
   if (auto* list = dynamic_cast<ListControl*>(&control); list && shift == 0 && useKey(*list, key)) return;
   if (auto* box = dynamic_cast<TextBox*>(&control); box && useKey(*box, key, shift)) return;
   if (auto* option = dynamic_cast<OptionButton*>(&control); option && shift == 0) {
@@ -158,7 +163,6 @@ void HeadlessDesktop::press(Control& control, Key key, int shift) {
     control.accept(visitor);
     return;
   }
-  if (control.form().pressKey(&control, key, shift)) return;
   if (key == Key::Tab && (shift & ~kShift) == 0 && form() == &control.form()) moveFocus(shift == kShift);
 }
 
@@ -173,6 +177,7 @@ void HeadlessDesktop::focus(Control& control) {
 Control* HeadlessDesktop::focused() {
   Form* top = form();
   if (!top) return nullptr;
+  settleFocus(*top);
   Control* active = top->activeControl();
   if (active && canTakeFocus(*active)) return active;
   top->focusMoved(nextStop(*top, active));
@@ -185,7 +190,15 @@ void HeadlessDesktop::moveFocus(bool backwards) {
 }
 
 void HeadlessDesktop::moveFocusTo(Control& control) {
+  if (control.form().activeControl() == &control) return;
   if (Control* left = control.form().focusMoved(&control)) left->loseFocus();
+  control.gainFocus();
+}
+
+// Where the program wants it.
+void HeadlessDesktop::settleFocus(Form& form) {
+  Control* wanted = form.takeWantedFocus();
+  if (wanted && canTakeFocus(*wanted)) moveFocusTo(*wanted);
 }
 
 void HeadlessDesktop::resize(Size size) {
@@ -212,6 +225,12 @@ void HeadlessDesktop::pick(const std::optional<std::string>& path) {
   std::error_code failed;
   if (path && !std::filesystem::is_regular_file(*path, failed)) throw CannotDo("there is no file " + *path);
   open.path = path;
+  open.answered = true;
+}
+
+void HeadlessDesktop::chooseColour(const std::optional<Colour>& colour) {
+  OpenBox& open = topBox(Box::Kind::Palette);
+  open.colour = colour;
   open.answered = true;
 }
 

@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "frontends/headless/text_width.h"
+#include "support/forms/colour_field.h"
+#include "support/forms/tool_button.h"
 
 namespace vmgv {
 namespace {
@@ -15,6 +17,7 @@ constexpr int kIndicatorWidth = 12, kChoiceHeight = 10;
 constexpr int kFieldPadding = 6, kArrowWidth = 12;
 constexpr int kBarWidth = 107, kBarHeight = 8;
 constexpr int kFramePadding = 8, kLineOfText = 8;
+constexpr int kToolPadding = 6, kSwatchWidth = 40;
 constexpr int kEntryHeight = 9, kHeaderHeight = 12;
 
 class Measure final : public ControlVisitor {
@@ -27,6 +30,13 @@ class Measure final : public ControlVisitor {
   void visit(OptionButton& button) override { choice(button); }
   void visit(ComboBox& combo) override {
     set(letters(combo.columns) + x(kFieldPadding + kArrowWidth), y(kFieldHeight));
+  }
+  void visit(ColourField&) override { set(x(kSwatchWidth) + y(kFieldHeight), y(kFieldHeight)); }
+  void visit(ToolButton& button) override {
+    const bool picture = button.picture != ToolButton::Picture::None;
+    const double words =
+        button.caption().empty() ? 0 : measureText(button.caption(), font_).width + x(kToolPadding);
+    set(words + (picture ? y(kFieldHeight) : 0), y(kFieldHeight));
   }
   void visit(TextBox& box) override { set(letters(box.columns) + x(kFieldPadding), y(kFieldHeight)); }
   void visit(CommandButton& button) override {

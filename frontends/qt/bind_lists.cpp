@@ -1,15 +1,24 @@
 // Open lists of entries, with and without a header.
+#include <QApplication>
 #include <QHeaderView>
 #include <QListView>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QStyleOptionViewItem>
 #include <QTreeView>
+#include <algorithm>
 
 #include "frontends/qt/binding.h"
+#include "frontends/qt/colour.h"
 
 namespace vmgv {
 namespace {
+
+// An entry is as high as all others, whatever breaks its text.
+QString onOneLine(QString text) {
+  std::replace_if(text.begin(), text.end(), [](QChar c) { return c < u' '; }, u' ');
+  return text;
+}
 
 class Entries final : public QStringListModel {
  public:
@@ -76,7 +85,7 @@ class ListBinding : public BindingOf<Kind, ListWidget<View>> {
     if (shown_ != this->control_.items()) {
       shown_ = this->control_.items();
       QStringList texts;
-      for (const std::string& entry : shown_) texts << qt(entry);
+      for (const std::string& entry : shown_) texts << onOneLine(qt(entry));
       const int scrolled = view().verticalScrollBar()->value();
       entries_.setStringList(texts);
       view().doItemsLayout();
@@ -111,6 +120,18 @@ class ListBoxBinding final : public ListBinding<ListBox, QListView> {
                      [this, &acts](const QModelIndex& entry) {
                        acts.run([this, row = entry.row()] { control_.doubleClick(row); });
                      });
+  }
+
+ protected:
+  void followContent() override {
+    ListBinding::followContent();
+    if (!control_.selectedColours()) return;
+    QPalette palette = QApplication::palette(&view());
+    const QColor back = qtColour(control_.selectedColours()->back, palette);
+    const QColor fore = qtColour(control_.selectedColours()->fore, palette);
+    palette.setColor(QPalette::Highlight, back);
+    palette.setColor(QPalette::HighlightedText, fore);
+    view().setPalette(palette);
   }
 };
 

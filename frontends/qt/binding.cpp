@@ -1,5 +1,8 @@
 #include "frontends/qt/binding.h"
 
+#include "support/forms/colour_field.h"
+#include "support/forms/tool_button.h"
+
 namespace vmgv {
 namespace {
 
@@ -10,6 +13,7 @@ class Binder final : public ControlVisitor {
   std::unique_ptr<Binding> made;
 
   void visit(CheckBox& control) override { make(control); }
+  void visit(ColourField& control) override { make(control); }
   void visit(ComboBox& control) override { make(control); }
   void visit(CommandButton& control) override { make(control); }
   void visit(Frame& control) override { make(control); }
@@ -22,6 +26,7 @@ class Binder final : public ControlVisitor {
   void visit(PictureBox& control) override { make(control); }
   void visit(ProgressBar& control) override { make(control); }
   void visit(TextBox& control) override { make(control); }
+  void visit(ToolButton& control) override { make(control); }
 
  private:
   template <class Kind>

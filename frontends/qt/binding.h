@@ -60,6 +60,7 @@ class BindingOf : public Binding {
 };
 
 std::unique_ptr<Binding> bind(CheckBox& box, QWidget& parent, UserActs& acts);
+std::unique_ptr<Binding> bind(ColourField& field, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(ComboBox& box, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(CommandButton& button, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(Frame& frame, QWidget& parent, UserActs& acts);
@@ -72,6 +73,7 @@ std::unique_ptr<Binding> bind(OptionButton& button, QWidget& parent, UserActs& a
 std::unique_ptr<Binding> bind(PictureBox& box, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(ProgressBar& bar, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(TextBox& box, QWidget& parent, UserActs& acts);
+std::unique_ptr<Binding> bind(ToolButton& button, QWidget& parent, UserActs& acts);
 
 // Of whatever kind the control is.
 std::unique_ptr<Binding> bindAny(Control& control, QWidget& parent, UserActs& acts);

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTimer>
 #include <algorithm>
 
@@ -77,6 +78,7 @@ void FormWindow::follow() {
   const Form::Changes changes = form_.takeChanges();
   if (changes.formChanged) followForm();
   for (const Control* control : changes.controls) binding(*control).follow(units_);
+  focusWanted();
   if (!form_.isOpen()) {
     hide();
     loop_.quit();
@@ -115,6 +117,15 @@ void FormWindow::focusFirst() {
   }
 }
 
+// Where the program wants it; all text of a field is selected then.
+void FormWindow::focusWanted() {
+  const Control* wanted = form_.takeWantedFocus();
+  if (!wanted) return;
+  QWidget& widget = binding(*wanted).widget();
+  widget.setFocus(Qt::TabFocusReason);
+  if (auto* field = qobject_cast<QLineEdit*>(&widget)) field->selectAll();
+}
+
 void FormWindow::run() {
   focusFirst();
   show();
@@ -149,16 +160,18 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FormWindow::focusArrived(Control& control) {
+  if (form_.activeControl() == &control) return;
   Control* left = form_.focusMoved(&control);
-  if (!left || !left->onLostFocus) return;
-  left_ = left;
+  if (left && left->onLostFocus) left_ = left;
+  if (control.onGotFocus) reached_ = &control;
+  if (!left_ && !reached_) return;
   QMetaObject::invokeMethod(this, &FormWindow::tellLeftSoon, Qt::QueuedConnection);
 }
 
 // What the handler may show would take the mouse away from a button that is held down.
 void FormWindow::tellLeftSoon() {
   constexpr int kLookAgain = 20;  // ms
-  if (left_ && QGuiApplication::mouseButtons() != Qt::NoButton) {
+  if ((left_ || reached_) && QGuiApplication::mouseButtons() != Qt::NoButton) {
     QTimer::singleShot(kLookAgain, this, &FormWindow::tellLeftSoon);
   } else {
     tellLeft();
@@ -167,7 +180,12 @@ void FormWindow::tellLeftSoon() {
 
 void FormWindow::tellLeft() {
   Control* left = std::exchange(left_, nullptr);
-  if (left && form_.isOpen()) acts_.run([left] { left->loseFocus(); });
+  Control* reached = std::exchange(reached_, nullptr);
+  if ((!left && !reached) || !form_.isOpen()) return;
+  acts_.run([left, reached] {
+    if (left) left->loseFocus();
+    if (reached) reached->gainFocus();
+  });
 }
 
 // Keys that only move, and those that the form is asked about, have no character.

@@ -27,7 +27,7 @@ class FormWindow final : public QDialog {
   // Returns when the form is closed, or the application ends.
   void run();
 
-  // Tells the control that the focus left, before the user's next act at the latest.
+  // Tells the controls that the focus left and reached, before the user's next act at the latest.
   void tellLeft();
 
   void reject() override;  // Qt's own ways of closing a dialog
@@ -41,6 +41,7 @@ class FormWindow final : public QDialog {
   void followForm();
   void orderTabs();
   void focusFirst();
+  void focusWanted();
   bool pressKey(Control* focused, const QKeyEvent& event);
   bool discards(Control& control, const QKeyEvent& event);
   void focusArrived(Control& control);
@@ -52,6 +53,7 @@ class FormWindow final : public QDialog {
   std::unordered_map<const Control*, std::unique_ptr<Binding>> bindings_;
   std::unordered_map<const QObject*, Control*> controls_;  // by their widgets
   Control* left_ = nullptr;                                // what the focus left, as long as it does not know
+  Control* reached_ = nullptr;                             // and where it went
   QEventLoop loop_;
 };
 

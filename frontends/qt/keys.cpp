@@ -6,10 +6,20 @@ namespace vmgv {
 namespace {
 
 constexpr std::pair<Key, Qt::Key> kKeys[] = {
-    {Key::Backspace, Qt::Key_Backspace}, {Key::Tab, Qt::Key_Tab},      {Key::Tab, Qt::Key_Backtab},
-    {Key::Return, Qt::Key_Return},       {Key::Return, Qt::Key_Enter}, {Key::Escape, Qt::Key_Escape},
-    {Key::Space, Qt::Key_Space},         {Key::Left, Qt::Key_Left},    {Key::Up, Qt::Key_Up},
-    {Key::Right, Qt::Key_Right},         {Key::Down, Qt::Key_Down},    {Key::Delete, Qt::Key_Delete},
+    {Key::Backspace, Qt::Key_Backspace},
+    {Key::Tab, Qt::Key_Tab},
+    {Key::Tab, Qt::Key_Backtab},
+    {Key::Return, Qt::Key_Return},
+    {Key::Return, Qt::Key_Enter},
+    {Key::Escape, Qt::Key_Escape},
+    {Key::Space, Qt::Key_Space},
+    {Key::Left, Qt::Key_Left},
+    {Key::Up, Qt::Key_Up},
+    {Key::Right, Qt::Key_Right},
+    {Key::Down, Qt::Key_Down},
+    {Key::Delete, Qt::Key_Delete},
+    {Key::F2, Qt::Key_F2},
+    {Key::F4, Qt::Key_F4},
 };
 constexpr std::pair<ShiftState, Qt::KeyboardModifier> kShifts[] = {
     {kShift, Qt::ShiftModifier}, {kControl, Qt::ControlModifier}, {kAlt, Qt::AltModifier}};

@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -10,6 +11,7 @@
 #include <algorithm>
 
 #include "frontends/qt/box_texts.h"
+#include "frontends/qt/colour.h"
 #include "frontends/qt/form_window.h"
 #include "support/automation/error.h"
 
@@ -175,6 +177,17 @@ std::optional<std::string> QtDesktop::pickFile(const FileRequest& request) {
   const OnTop place(*this, {nullptr, &open}, [&] { dialog.reject(); });
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   return utf8(dialog.selectedFiles().constFirst());
+}
+
+std::optional<Colour> QtDesktop::pickColour(Colour initial) {
+  followAll();
+  QColorDialog dialog(qtColour(initial, QApplication::palette()), owner());
+  dialog.setOption(QColorDialog::DontUseNativeDialog, idle_ != nullptr);
+  OpenBox open{{.kind = Box::Kind::Palette, .colour = initial}, dialog};
+  boxes_.push_back(open.box);
+  const OnTop place(*this, {nullptr, &open}, [&] { dialog.reject(); });
+  if (dialog.exec() != QDialog::Accepted) return {};
+  return formColour(dialog.selectedColor());
 }
 
 void QtDesktop::doEvents() {

@@ -38,6 +38,7 @@ class QtDesktop : public QtSystem, public WindowPort, public User, private UserA
   void showModal(Form& form) override;
   MessageResult messageBox(const std::string& text, MessageStyle style, const std::string& title) override;
   std::optional<std::string> pickFile(const FileRequest& request) override;
+  std::optional<Colour> pickColour(Colour initial) override;
   void doEvents() override;
   Size naturalSize(const Control& control) override;
   Insets insets(const Container& container) override;
@@ -57,6 +58,7 @@ class QtDesktop : public QtSystem, public WindowPort, public User, private UserA
   void closeWindow() override;
   void answer(MessageResult result) override;
   void pick(const std::optional<std::string>& path) override;
+  void chooseColour(const std::optional<Colour>& colour) override;
   void picture(const std::string& path) override;
   IdleHandler* setIdleHandler(IdleHandler* handler) noexcept override {
     return std::exchange(idle_, handler);

@@ -46,6 +46,12 @@ std::int32_t QtSystem::pixelsPerInch() {
   return static_cast<std::int32_t>(std::lround(QGuiApplication::primaryScreen()->logicalDotsPerInchY()));
 }
 
+std::vector<std::string> QtSystem::screenFonts() {
+  std::vector<std::string> names;
+  for (const QString& family : QFontDatabase::families()) names.push_back(utf8(family));
+  return names;
+}
+
 std::string QtSystem::commonFilesFolder() {
   const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
   return utf8(folders.isEmpty() ? QString() : folders.last()) + pathSeparator();

@@ -17,6 +17,7 @@ class QtSystem : public SystemPort {
 
   std::optional<DesktopFonts> desktopFonts() override;
   std::int32_t pixelsPerInch() override;
+  std::vector<std::string> screenFonts() override;
   std::string setting(const std::string& key, const std::string& name,
                       const std::string& defaultValue) override {
     return settings_.value(key, name, defaultValue);

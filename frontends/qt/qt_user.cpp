@@ -1,6 +1,7 @@
 // What the user of a Qt desktop does and sees.
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <filesystem>
 
+#include "frontends/qt/colour.h"
 #include "frontends/qt/form_window.h"
 #include "frontends/qt/gestures.h"
 #include "frontends/qt/keys.h"
@@ -68,8 +70,7 @@ FormWindow& QtDesktop::topWindow() {
 }
 
 QtDesktop::OpenBox& QtDesktop::topBox(Box::Kind kind) {
-  const char* const wanted = kind == Box::Kind::Message ? "message" : "file picker";
-  if (!box() || box()->kind != kind) throw CannotDo(std::string("no ") + wanted + " is on top");
+  if (!box() || box()->kind != kind) throw CannotDo(std::string("no ") + nameOf(kind) + " is on top");
   return *shown_.back().box;
 }
 
@@ -193,6 +194,15 @@ void QtDesktop::pick(const std::optional<std::string>& path) {
     closePopups();  // the names that complete it
   }
   QPushButton* button = buttons->button(path ? QDialogButtonBox::Open : QDialogButtonBox::Cancel);
+  gestures::click(*button, centre(*button));
+}
+
+void QtDesktop::chooseColour(const std::optional<Colour>& colour) {
+  auto& picker = static_cast<QColorDialog&>(topBox(Box::Kind::Palette).dialog);
+  auto* buttons = picker.findChild<QDialogButtonBox*>();
+  if (!buttons) throw CannotDo("this colour picker can only be answered by a person");
+  if (colour) picker.setCurrentColor(qtColour(*colour, picker.palette()));
+  QPushButton* button = buttons->button(colour ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
   gestures::click(*button, centre(*button));
 }
 

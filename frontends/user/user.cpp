@@ -2,6 +2,15 @@
 
 namespace vmgv {
 
+const char* nameOf(Box::Kind kind) noexcept {
+  switch (kind) {
+    case Box::Kind::Message: return "message";
+    case Box::Kind::File: return "file picker";
+    case Box::Kind::Palette: return "colour picker";
+  }
+  return "";
+}
+
 bool isUsable(const Control& control) {
   for (const Control* at = &control; at; at = at->container()) {
     if (!at->visible() || !at->enabled()) return false;

@@ -20,13 +20,15 @@ class CannotDo : public std::runtime_error {
 
 // A box that the platform shows over a form: a message with buttons, or a picker.
 struct Box {
-  enum class Kind { Message, File };
+  enum class Kind { Message, File, Palette };
   Kind kind = Kind::Message;
   std::string title;
   std::string text;                                // of a message
   MessageStyle style = MessageStyle::Information;  // of a message
   FileRequest files;                               // of a file picker
+  Colour colour = 0;                               // of a colour picker: the one so far
 };
+const char* nameOf(Box::Kind kind) noexcept;  // "message", "file picker" or "colour picker"
 
 // Who acts when the program has nothing to do: a script player, or a test's list of steps.
 class IdleHandler {
@@ -61,8 +63,9 @@ class User {
   virtual void resize(Size size) = 0;  // the form's inside, in twips
   virtual void closeWindow() = 0;      // by the title bar
 
-  virtual void answer(MessageResult result) = 0;                  // a message box
-  virtual void pick(const std::optional<std::string>& path) = 0;  // a file picker; nothing is Cancel
+  virtual void answer(MessageResult result) = 0;                       // a message box
+  virtual void pick(const std::optional<std::string>& path) = 0;       // a file picker; nothing is Cancel
+  virtual void chooseColour(const std::optional<Colour>& colour) = 0;  // a colour picker; nothing is Cancel
 
   // Who acts from now on, and who did before. Null: nobody, or on a screen a person. The handler must outlive
   // its stay.

@@ -18,6 +18,7 @@ void carryOut(User& user, const UserAct& act) {
     case UserAct::Kind::CloseWindow: return user.closeWindow();
     case UserAct::Kind::Answer: return user.answer(static_cast<MessageResult>(act.number));
     case UserAct::Kind::Pick: return user.pick(act.text);
+    case UserAct::Kind::PickColour: return user.chooseColour(act.colour);
     case UserAct::Kind::Picture: return user.picture(*act.text);
   }
 }
@@ -58,6 +59,10 @@ void LinkedUser::answer(MessageResult result) {
 
 void LinkedUser::pick(const std::optional<std::string>& path) {
   act({.kind = UserAct::Kind::Pick, .text = path});
+}
+
+void LinkedUser::chooseColour(const std::optional<Colour>& colour) {
+  act({.kind = UserAct::Kind::PickColour, .colour = colour});
 }
 
 void LinkedUser::picture(const std::string& path) { act({.kind = UserAct::Kind::Picture, .text = path}); }

@@ -20,6 +20,7 @@ struct UserAct {
     CloseWindow,
     Answer,
     Pick,
+    PickColour,
     Picture
   };
   Kind kind = Kind::Click;
@@ -28,6 +29,7 @@ struct UserAct {
   int shift = 0;                    // of a key
   Size size = {};                   // of a window
   std::optional<std::string> text;  // typed, or a path
+  std::optional<Colour> colour = {};
 };
 
 struct ActFailure {
@@ -83,6 +85,7 @@ class LinkedUser final : public User {
   void closeWindow() override { act({UserAct::Kind::CloseWindow}); }
   void answer(MessageResult result) override;
   void pick(const std::optional<std::string>& path) override;
+  void chooseColour(const std::optional<Colour>& colour) override;
   IdleHandler* setIdleHandler(IdleHandler* handler) noexcept override {
     return link_.setIdleHandler(handler);
   }

@@ -3,11 +3,13 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "frontends/com/text.h"
 #include "frontends/win32/binding.h"
+#include "frontends/win32/surface.h"
 
 namespace vmgv {
 namespace {
@@ -17,12 +19,33 @@ class ListBoxBinding final : public BindingOf<ListBox> {
   ListBoxBinding(ListBox& list, HWND parent)
       : BindingOf(list, parent,
                   {L"LISTBOX",
-                   LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP | WS_GROUP,
+                   LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP | WS_GROUP |
+                       (list.selectedColours() ? LBS_OWNERDRAWFIXED : 0ul),
                    WS_EX_CLIENTEDGE}) {}
 
   void notified(int code) override {
     if (code == LBN_SELCHANGE) control_.setListIndex(selected());
     if (code == LBN_DBLCLK && selected() >= 0) control_.doubleClick(selected());
+  }
+
+  // As the platform does, but for the colours of the selected entry.
+  void drawItem(const DRAWITEMSTRUCT& draw) const override {
+    if (draw.itemID >= shown_.size()) return;
+    const bool marked = draw.itemState & ODS_SELECTED;
+    const auto colours = control_.selectedColours().value_or(ListBox::Colours{});
+    fill(draw.hDC, draw.rcItem, marked ? screenColour(colours.back) : GetSysColor(COLOR_WINDOW));
+    SetBkMode(draw.hDC, TRANSPARENT);
+    SetTextColor(draw.hDC, draw.itemState & ODS_DISABLED ? GetSysColor(COLOR_GRAYTEXT)
+                           : marked                      ? screenColour(colours.fore)
+                                                         : GetSysColor(COLOR_WINDOWTEXT));
+    RECT place = draw.rcItem;
+    place.left += GetSystemMetrics(SM_CXEDGE);
+    std::wstring entry = wide(shown_[draw.itemID]);
+    std::replace_if(entry.begin(), entry.end(), [](wchar_t unit) { return unit < L' '; }, L' ');
+    DrawTextW(draw.hDC, entry.c_str(), static_cast<int>(entry.size()), &place,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    const bool focused = (draw.itemState & ODS_FOCUS) && !(draw.itemState & ODS_NOFOCUSRECT);
+    if (focused) DrawFocusRect(draw.hDC, &draw.rcItem);
   }
 
  protected:
@@ -40,6 +63,10 @@ class ListBoxBinding final : public BindingOf<ListBox> {
       InvalidateRect(window(), nullptr, TRUE);
     }
     if (selected() != control_.listIndex()) send(LB_SETCURSEL, static_cast<WPARAM>(control_.listIndex()));
+    if (!control_.selectedColours()) return;
+    const TextMeasure text(reinterpret_cast<HFONT>(send(WM_GETFONT)));
+    send(LB_SETITEMHEIGHT, 0, text.lineHeight());
+    InvalidateRect(window(), nullptr, FALSE);
   }
 
  private:

@@ -1,13 +1,13 @@
 #include "frontends/win32/binding.h"
 
-#include <commctrl.h>
-
 #include <optional>
 #include <utility>
 
 #include "frontends/com/text.h"
 #include "frontends/win32/scopes.h"
 #include "support/automation/error.h"
+#include "support/forms/colour_field.h"
+#include "support/forms/tool_button.h"
 
 namespace vmgv {
 namespace {
@@ -19,6 +19,7 @@ class Binder final : public ControlVisitor {
   std::unique_ptr<Binding> made;
 
   void visit(CheckBox& control) override { made = bind(control, parent_); }
+  void visit(ColourField& control) override { made = bind(control, parent_); }
   void visit(ComboBox& control) override { made = bind(control, parent_); }
   void visit(CommandButton& control) override { made = bind(control, parent_); }
   void visit(Frame& control) override { made = bind(control, parent_); }
@@ -31,6 +32,7 @@ class Binder final : public ControlVisitor {
   void visit(PictureBox& control) override { made = bind(control, parent_); }
   void visit(ProgressBar& control) override { made = bind(control, parent_); }
   void visit(TextBox& control) override { made = bind(control, parent_); }
+  void visit(ToolButton& control) override { made = bind(control, parent_); }
 
  private:
   HWND parent_;

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -35,6 +37,9 @@ class Binding {
 
   // What the window told its parent with WM_COMMAND or WM_NOTIFY; runs among the user's acts.
   virtual void notified(int code) = 0;
+  // Draws a control, or an entry of it, that the platform leaves to its parent.
+  virtual LRESULT customDraw(const NMCUSTOMDRAW&) const { return CDRF_DODEFAULT; }
+  virtual void drawItem(const DRAWITEMSTRUCT&) const {}
 
  protected:
   struct Look {
@@ -77,6 +82,7 @@ class BindingOf : public Binding {
 };
 
 std::unique_ptr<Binding> bind(CheckBox& box, HWND parent);
+std::unique_ptr<Binding> bind(ColourField& field, HWND parent);
 std::unique_ptr<Binding> bind(ComboBox& box, HWND parent);
 std::unique_ptr<Binding> bind(CommandButton& button, HWND parent);
 std::unique_ptr<Binding> bind(Frame& frame, HWND parent);
@@ -89,6 +95,7 @@ std::unique_ptr<Binding> bind(OptionButton& button, HWND parent);
 std::unique_ptr<Binding> bind(PictureBox& box, HWND parent);
 std::unique_ptr<Binding> bind(ProgressBar& bar, HWND parent);
 std::unique_ptr<Binding> bind(TextBox& box, HWND parent);
+std::unique_ptr<Binding> bind(ToolButton& button, HWND parent);
 
 // Of whatever kind the control is. In a ThemeScope.
 std::unique_ptr<Binding> bindAny(Control& control, HWND parent);

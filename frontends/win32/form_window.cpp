@@ -121,6 +121,7 @@ void FormWindow::follow() {
     for (const Control* control : changes.controls) binding(*control).follow(units_, fonts_);
   }
   passFocusOn(focused);
+  focusWanted();
   if (!form_.isOpen() && modal_) {
     modal_.reset();
     ShowWindow(window_, SW_HIDE);
@@ -135,6 +136,12 @@ void FormWindow::passFocusOn(const Control* focused) {
   } else {
     SetFocus(window_);
   }
+}
+
+// Where the program wants it.
+void FormWindow::focusWanted() {
+  const Control* wanted = form_.takeWantedFocus();
+  if (wanted && canTakeFocus(*wanted)) focus(*wanted);
 }
 
 void FormWindow::followForm() {
@@ -188,7 +195,7 @@ bool FormWindow::translate(const MSG& message) {
   Control* focused = found == controls_.end() ? nullptr : found->second;
   const bool listIsOpen =
       dynamic_cast<ComboBox*>(focused) && SendMessageW(message.hwnd, CB_GETDROPPEDSTATE, 0, 0);
-  if (listIsOpen && isRouted(*key)) return false;  // takes an entry, or closes the list
+  if (listIsOpen && *key != Key::Tab) return false;  // walks over the entries, takes one, closes the list
   const int shift = shiftState();
   if (pressKey(focused, *key, shift)) return true;
 
@@ -218,8 +225,14 @@ bool FormWindow::discards(const MSG& message) {
 
 void FormWindow::tellLeft() {
   Control* now = focusedControl();
-  Control* left = now ? form_.focusMoved(now) : nullptr;
-  if (left && left->onLostFocus && form_.isOpen()) host_.run([left] { left->loseFocus(); });
+  if (!now || now == form_.activeControl()) return;
+  Control* left = form_.focusMoved(now);
+  if (!(left && left->onLostFocus) && !now->onGotFocus) return;
+  if (!form_.isOpen()) return;
+  host_.run([left, now] {
+    if (left) left->loseFocus();
+    now->gainFocus();
+  });
 }
 
 INT_PTR CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -245,8 +258,20 @@ INT_PTR FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY: {
       const auto& told = *reinterpret_cast<const NMHDR*>(lParam);
       const auto found = controls_.find(told.hwndFrom);
+      if (found != controls_.end() && told.code == NM_CUSTOMDRAW) {
+        const auto& draw = *reinterpret_cast<const NMCUSTOMDRAW*>(lParam);
+        SetWindowLongPtrW(window_, DWLP_MSGRESULT, binding(*found->second).customDraw(draw));
+        return TRUE;
+      }
       if (found == controls_.end() || told.code != LVN_ITEMCHANGED) return FALSE;
       host_.run([&] { binding(*found->second).notified(static_cast<int>(told.code)); });
+      return TRUE;
+    }
+    case WM_DRAWITEM: {
+      const auto& draw = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+      const auto found = controls_.find(draw.hwndItem);
+      if (found == controls_.end()) return FALSE;
+      binding(*found->second).drawItem(draw);
       return TRUE;
     }
     case WM_CLOSE:  // the model says when the window goes

@@ -38,7 +38,7 @@ class FormWindow {
   void show();
   // Shows the changes of the model; once the form is closed the window is gone for the user.
   void follow();
-  // Tells a control that the focus has left it.
+  // Tells the controls that the focus has left and reached.
   void tellLeft();
   // A message on its way to this window or its controls; true where it was a key that the dialog used up.
   bool translate(const MSG& message);
@@ -49,6 +49,7 @@ class FormWindow {
 
   void followForm();
   void passFocusOn(const Control* focused);
+  void focusWanted();
   void markDefault();
   void setDpi(int dpi);
   void centreOver(HWND owner);

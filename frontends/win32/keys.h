@@ -22,7 +22,9 @@ inline std::optional<Key> formKey(WPARAM code) noexcept {
     case VK_UP:
     case VK_RIGHT:
     case VK_DOWN:
-    case VK_DELETE: return static_cast<Key>(code);
+    case VK_DELETE:
+    case VK_F2:
+    case VK_F4: return static_cast<Key>(code);
     default: return letterOrDigit ? std::optional(static_cast<Key>(code)) : std::nullopt;
   }
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "frontends/com/text.h"
+#include "support/forms/colour_field.h"
+#include "support/forms/tool_button.h"
 
 namespace vmgv {
 namespace {
@@ -10,6 +12,7 @@ namespace {
 // In dialog units, a quarter of the average letter's width and an eighth of the line's height.
 constexpr int kButtonWidth = 50, kButtonPadding = 12, kSignPadding = 8;
 constexpr int kFieldPadding = 6;
+constexpr int kSwatchWidth = 40;
 constexpr int kBarWidth = 107, kBarHeight = 8;
 constexpr int kFramePadding = 8;
 // In pixels: the platform does not scale what it draws around the text of a field.
@@ -31,6 +34,12 @@ class Measure final : public ControlVisitor {
   void visit(OptionButton& button) override { choice(button); }
   void visit(ComboBox& combo) override {
     size_ = {letters(combo.columns) + x(kFieldPadding) + scrollBarWidth(), fieldHeight()};
+  }
+  void visit(ColourField&) override { size_ = {x(kSwatchWidth) + fieldHeight(), fieldHeight()}; }
+  void visit(ToolButton& button) override {
+    const int height = text_.lineHeight() + 2 * units_.scaled(kButtonBorder);
+    const int words = text_.extent(wide(button.caption())).cx;
+    size_ = {button.caption().empty() ? height : words + 2 * x(kButtonPadding), height};
   }
   void visit(TextBox& box) override { size_ = {letters(box.columns) + x(kFieldPadding), fieldHeight()}; }
   void visit(CommandButton& button) override {

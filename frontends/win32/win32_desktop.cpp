@@ -12,6 +12,7 @@
 #include "frontends/win32/keys.h"
 #include "frontends/win32/natural_size.h"
 #include "frontends/win32/scopes.h"
+#include "frontends/win32/surface.h"
 #include "support/automation/error.h"
 
 namespace vmgv {
@@ -206,6 +207,25 @@ std::optional<std::string> Win32Desktop::pickFile(const FileRequest& request) {
   const BoxWatch watch(*this, open, [&] { pressButton(open, IDCANCEL); });
   if (!GetOpenFileNameW(&picker)) return {};
   return narrow(path.c_str());
+}
+
+std::optional<Colour> Win32Desktop::pickColour(Colour initial) {
+  followAll();
+  OpenBox open{{.kind = Box::Kind::Palette, .colour = initial}};
+  boxes_.push_back(open.box);
+  const DpiScope dpi;
+  const ThemeScope theme;
+  CHOOSECOLORW picker{};
+  picker.lStructSize = sizeof picker;
+  picker.hwndOwner = owner();
+  picker.rgbResult = screenColour(initial);
+  picker.lpCustColors = ownColours_.data();
+  picker.Flags = CC_RGBINIT | CC_ANYCOLOR | CC_FULLOPEN;
+  const ModalScope modal(picker.hwndOwner);
+  const OnTop place(*this, {nullptr, &open});
+  const BoxWatch watch(*this, open, [&] { pressButton(open, IDCANCEL); });
+  if (!ChooseColorW(&picker)) return {};
+  return static_cast<Colour>(picker.rgbResult);
 }
 
 void Win32Desktop::doEvents() {

@@ -10,6 +10,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <string>
@@ -43,6 +44,7 @@ class Win32Desktop : public WindowPort, public User, private FormHost {
   void showModal(Form& form) override;
   MessageResult messageBox(const std::string& text, MessageStyle style, const std::string& title) override;
   std::optional<std::string> pickFile(const FileRequest& request) override;
+  std::optional<Colour> pickColour(Colour initial) override;
   void doEvents() override;
   Size naturalSize(const Control& control) override;
   Insets insets(const Container& container) override;
@@ -62,6 +64,7 @@ class Win32Desktop : public WindowPort, public User, private FormHost {
   void closeWindow() override;
   void answer(MessageResult result) override;
   void pick(const std::optional<std::string>& path) override;
+  void chooseColour(const std::optional<Colour>& colour) override;
   void picture(const std::string& path) override;
   IdleHandler* setIdleHandler(IdleHandler* handler) noexcept override {
     return std::exchange(idle_, handler);
@@ -100,8 +103,9 @@ class Win32Desktop : public WindowPort, public User, private FormHost {
   FontBook fonts_;
   std::vector<Shown> shown_;
   std::vector<Box> boxes_;
-  int layoutDpi_ = 0;     // of the form that is laid out for a new monitor
-  bool pumping_ = false;  // inside doEvents
+  std::array<COLORREF, 16> ownColours_{};  // that the user has mixed in the colour picker
+  int layoutDpi_ = 0;                      // of the form that is laid out for a new monitor
+  bool pumping_ = false;                   // inside doEvents
   std::chrono::steady_clock::time_point lastPump_;
 };
 

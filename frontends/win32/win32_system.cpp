@@ -5,6 +5,8 @@
 #include <htmlhelp.h>
 #include <shlobj.h>
 
+#include <algorithm>
+
 #include "frontends/com/bridge.h"
 #include "frontends/com/text.h"
 #include "support/automation/error.h"
@@ -16,6 +18,14 @@ namespace {
 constexpr const char* kSpreadsheet = "Excel.Application";
 constexpr const char* kSettingsKey = "SOFTWARE\\Velmora\\vmGridViews";
 constexpr const char* kSpreadsheetSetting = "excelProgId";
+
+// A name that begins with "@" is another's, turned for writing downwards.
+int CALLBACK noteFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
+  if (font->lfFaceName[0] != L'@') {
+    reinterpret_cast<std::vector<std::string>*>(names)->push_back(narrow(font->lfFaceName));
+  }
+  return TRUE;
+}
 
 LogicalFont logicalFont(const LOGFONTW& font) {
   LogicalFont logical;
@@ -93,6 +103,18 @@ std::string Win32System::setting(const std::string& key, const std::string& name
     if (auto text = registryText(wide(key), wide(name), view)) return *text;
   }
   return defaultValue;
+}
+
+std::vector<std::string> Win32System::screenFonts() {
+  std::vector<std::string> names;
+  LOGFONTW all{};
+  all.lfCharSet = DEFAULT_CHARSET;
+  const HDC screen = GetDC(nullptr);
+  EnumFontFamiliesExW(screen, &all, noteFont, reinterpret_cast<LPARAM>(&names), 0);
+  ReleaseDC(nullptr, screen);
+  std::sort(names.begin(), names.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  return names;
 }
 
 std::string Win32System::commonFilesFolder() {

@@ -1,6 +1,7 @@
 // What the user of a Windows desktop does and sees.
 #include <windows.h>
 
+#include <colordlg.h>
 #include <commctrl.h>
 #include <dlgs.h>
 
@@ -8,6 +9,7 @@
 #include "frontends/win32/gestures.h"
 #include "frontends/win32/picture.h"
 #include "frontends/win32/scopes.h"
+#include "frontends/win32/surface.h"
 #include "frontends/win32/win32_desktop.h"
 #include "frontends/win32/window_walk.h"
 #include "support/automation/error.h"
@@ -58,8 +60,7 @@ FormWindow& Win32Desktop::topWindow() {
 }
 
 Win32Desktop::OpenBox& Win32Desktop::topBox(Box::Kind kind) {
-  const char* const wanted = kind == Box::Kind::Message ? "message" : "file picker";
-  if (!box() || box()->kind != kind) throw CannotDo(std::string("no ") + wanted + " is on top");
+  if (!box() || box()->kind != kind) throw CannotDo(std::string("no ") + nameOf(kind) + " is on top");
   return *shown_.back().box;
 }
 
@@ -216,6 +217,21 @@ void Win32Desktop::pick(const std::optional<std::string>& path) {
   const HWND field = nameField(open.window);
   if (!field) throw CannotDo("this file picker can only be answered by a person");
   SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file));
+  pressButton(open, IDOK);
+}
+
+// The picker has a field for the red, the green and the blue.
+void Win32Desktop::chooseColour(const std::optional<Colour>& colour) {
+  const OpenBox& open = topBox(Box::Kind::Palette);
+  if (!colour) return pressButton(open, IDCANCEL);
+  const COLORREF wanted = screenColour(*colour);
+  for (const auto& [field, part] : {std::pair{COLOR_RED, GetRValue(wanted)},
+                                    {COLOR_GREEN, GetGValue(wanted)},
+                                    {COLOR_BLUE, GetBValue(wanted)}}) {
+    const HWND edit = GetDlgItem(open.window, field);
+    if (!edit) throw CannotDo("this colour picker can only be answered by a person");
+    SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::to_wstring(part).c_str()));
+  }
   pressButton(open, IDOK);
 }
 

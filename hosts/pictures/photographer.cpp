@@ -22,6 +22,7 @@ constexpr struct {
     {"sort", [](Application&, const ObjectRef& control) { control.call("ShowSort"); }},
     {"groupby", [](Application&, const ObjectRef& control) { control.call("ShowGroups"); }},
     {"general", [](Application&, const ObjectRef& control) { control.call("ShowGeneral"); }},
+    {"conditions", [](Application&, const ObjectRef& control) { control.call("ShowFormat"); }},
     {"export", [](Application&, const ObjectRef& control) { control.call("ShowExcel"); }},
     {"views", [](Application& application, const ObjectRef&) { frmViews(application.services()).Show(); }},
     {"name", [](Application& application, const ObjectRef&) { frmInsert(application.services()).Insert(); }},
@@ -81,6 +82,11 @@ ObjectRef demoGrid(const std::string& path) {
   engine->addSortKey({5, kSortDescending});
   engine->setPreviewColumn(10);
   for (const std::int32_t hidden : {1, 4, 7, 10}) engine->setVisible(hidden, false);
+  FormatCondition costly{"Cost over 100,000", 14, 2, "100000", {}, {}};
+  costly.style = {.backColor = 0xC8E6FF, .foreColor = 0x1432B4, .fontSize = 10, .fontBold = true};
+  engine->addCondition(costly);
+  engine->addCondition({"Σμήνη γλάρων", 10, 8, "gull", {}, {.backColor = 0xD2F0D2}});
+  engine->addCondition({"No damage", 4, 0, "None", {}, {.fontItalic = true}});
   return makeGridObject(engine);
 }
 

@@ -1,12 +1,15 @@
 #include "hosts/player/actions.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "hosts/player/grid_report.h"
 #include "hosts/player/paths.h"
 #include "hosts/player/words.h"
 #include "support/automation/convert.h"
 #include "support/automation/error.h"
+#include "support/forms/property_editor.h"
+#include "support/frame/input_box.h"
 
 namespace vmgv {
 namespace {
@@ -52,7 +55,8 @@ void Actions::nameWorkbook(std::filesystem::path file) {
 
 std::string Actions::whatIsOnTop() const {
   if (const Box* box = user().box()) {
-    return box->kind == Box::Kind::File ? "a file picker" : "the message " + quoted(withLineFeeds(box->text));
+    return box->kind == Box::Kind::Message ? "the message " + quoted(withLineFeeds(box->text))
+                                           : std::string("a ") + nameOf(box->kind);
   }
   const Form* form = user().form();
   return form ? "dialog " + form->name() : "nothing open";
@@ -152,6 +156,27 @@ void Actions::resize(Words words) {
   user().resize({width, requireNumber(words[1], "a height in twips")});
 }
 
+// Typed and left; in a list the entry, or the first one that begins so, as typing finds it.
+void Actions::edit(Words words) {
+  const std::string &key = words[0].text, &text = words[1].text;
+  for (const auto& control : topForm().controls()) {
+    const auto* editor = dynamic_cast<PropertyEditor*>(control.get());
+    if (!editor || !editor->find(key)) continue;
+    Control& field = findControl(topForm(), editor->name() + "." + key);
+    auto* list = dynamic_cast<ListControl*>(&field);
+    if (!list) return user().enter(field, text);
+    const auto& items = list->items();
+    auto found = std::find(items.begin(), items.end(), text);
+    if (found == items.end()) {
+      found = std::find_if(items.begin(), items.end(),
+                           [&text](const std::string& item) { return item.starts_with(text); });
+    }
+    if (found == items.end()) throw CannotDo(field.address() + " has no entry " + quoted(text));
+    return user().choose(field, static_cast<int>(found - items.begin()));
+  }
+  throw CannotDo(topForm().name() + " has no property row " + key);
+}
+
 void Actions::close(Words) { user().closeWindow(); }
 
 void Actions::form(Words words) {
@@ -159,7 +184,20 @@ void Actions::form(Words words) {
   out_.write(words[0].text, [&text](std::ostream& out) { out << text; });
 }
 
+Form* Actions::question() const {
+  Form* form = user().form();
+  return form && form->name() == InputBox::kFormName ? form : nullptr;
+}
+
+void Actions::answerQuestion(Form& form, const Word& word) {
+  const bool cancels = isKeyword(word, "cancel");
+  if (!cancels && !isKeyword(word, "ok")) user().enter(findControl(form, "txtAnswer"), word.text);
+  user().click(findControl(form, cancels ? "cmdCancel" : "cmdOK"));
+}
+
 void Actions::answer(Words words) {
+  if (Form* form = question()) return answerQuestion(*form, words[0]);
+  if (!user().box()) throw CannotDo("expected a box, found " + whatIsOnTop());
   for (const auto& [name, result] : {std::pair{"yes", MessageResult::Yes},
                                      {"no", MessageResult::No},
                                      {"ok", MessageResult::Ok},
@@ -178,6 +216,19 @@ void Actions::pick(Words words) {
   user().pick(pathText(std::filesystem::exists(below, unknown) ? below : given));
 }
 
+void Actions::colour(Words words) {
+  if (isKeyword(words[0], "cancel")) return user().chooseColour({});
+  const std::string& digits = words[0].text;
+  constexpr std::size_t kDigits = 6;
+  int rgb = 0;
+  const char* const end = digits.data() + digits.size();
+  const auto [stopped, failed] = std::from_chars(digits.data(), end, rgb, 16);
+  if (failed != std::errc() || stopped != end || digits.size() != kDigits || rgb < 0) {
+    throw CannotDo("expected a colour as RRGGBB or cancel, found " + quoted(digits));
+  }
+  user().chooseColour(colourOf(rgb >> 16, rgb >> 8 & 0xFF, rgb & 0xFF));
+}
+
 void Actions::expect(Words words) {
   if (isKeyword(words[0], "message")) return expectMessage(words[1].text);
   const std::string found = propertyText(topForm(), PropertyName::from(words[0].text));
@@ -186,6 +237,8 @@ void Actions::expect(Words words) {
 }
 
 void Actions::expectMessage(const std::string& text) {
+  const Form* asked = question();
+  if (asked && findControl(*asked, "lbPrompt").caption() == text) return;
   const Box* box = user().box();
   if (box && box->kind == Box::Kind::Message && withLineFeeds(box->text) == text) return;
   throw CannotDo("expected the message " + quoted(text) + ", found " + whatIsOnTop());

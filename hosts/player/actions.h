@@ -40,12 +40,14 @@ class Actions {
   void press(Words words);
   void focus(Words words);
   void resize(Words words);
+  void edit(Words words);
   void close(Words words);
   void form(Words words);
 
   // At a box.
   void answer(Words words);
   void pick(Words words);
+  void colour(Words words);
 
   // Wherever they fit.
   void expect(Words words);  // a property, or a message
@@ -56,6 +58,8 @@ class Actions {
   Form& topForm() const;
   Control& control(const Word& word) const { return findControl(topForm(), word.text); }
   ListControl& list(const Word& word) const;
+  Form* question() const;  // the input box on top, or null
+  void answerQuestion(Form& form, const Word& word);
   void expectMessage(const std::string& text);
   void nameWorkbook(std::filesystem::path file);
 

@@ -25,12 +25,14 @@ constexpr Command kCommands[]{
     {"press CONTROL KEY", 2, 2, kAtDialog, WhileWorking::Control, &Actions::press},
     {"focus CONTROL", 1, 1, kAtDialog, WhileWorking::Never, &Actions::focus},
     {"resize WIDTH HEIGHT", 2, 2, kAtDialog, WhileWorking::Never, &Actions::resize},
+    {"edit ROW TEXT", 2, 2, kAtDialog, WhileWorking::Never, &Actions::edit},
     {"close", 0, 0, kAtDialog, WhileWorking::Dialog, &Actions::close},
     {"form FILE", 1, 1, kAtDialog, WhileWorking::Dialog, &Actions::form},
     {"until CONTROL.PROPERTY VALUE", 2, 2, kAtDialog, WhileWorking::Watch, &Actions::expect},
 
-    {"answer yes|no|ok|cancel", 1, 1, kAtBox, WhileWorking::Never, &Actions::answer},
+    {"answer yes|no|ok|cancel|TEXT", 1, 1, kAtDialog | kAtBox, WhileWorking::Never, &Actions::answer},
     {"pick PATH|cancel", 1, 1, kAtBox, WhileWorking::Never, &Actions::pick},
+    {"colour RRGGBB|cancel", 1, 1, kAtBox, WhileWorking::Never, &Actions::colour},
 
     {"expect CONTROL.PROPERTY VALUE, or expect message TEXT", 2, 2, kAtDialog | kAtBox,
      WhileWorking::Property, &Actions::expect},

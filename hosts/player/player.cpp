@@ -135,10 +135,12 @@ bool Player::closeTop() {
   User& user = actions_.user();
   try {
     if (const Box* box = user.box()) {
-      if (box->kind == Box::Kind::File) {
-        user.pick({});
-      } else {
-        user.answer(box->style == MessageStyle::Question ? MessageResult::No : MessageResult::Ok);
+      switch (box->kind) {
+        case Box::Kind::Message:
+          user.answer(box->style == MessageStyle::Question ? MessageResult::No : MessageResult::Ok);
+          break;
+        case Box::Kind::File: user.pick({}); break;
+        case Box::Kind::Palette: user.chooseColour({}); break;
       }
     } else if (Form* form = user.form()) {
       if (std::exchange(askedToClose_, form) == form) {

@@ -4,6 +4,7 @@
 #include "hosts/player/words.h"
 #include "support/automation/class_table.h"
 #include "support/automation/convert.h"
+#include "support/forms/tool_button.h"
 
 namespace vmgv {
 namespace {
@@ -12,6 +13,17 @@ std::string joined(const Control::Properties& properties) {
   std::string names;
   for (const auto& [name, value] : properties) names += (names.empty() ? "" : ", ") + std::string(name);
   return names;
+}
+
+// "smuToolbar.2" is the toolbar's second button, whatever its key; null where there is none.
+Control* toolButton(const Form& form, const std::string& address) {
+  const std::size_t point = address.rfind('.');
+  if (point == std::string::npos) return nullptr;
+  const auto* toolbar = dynamic_cast<const Toolbar*>(form.find(address.substr(0, point)));
+  const auto position = wholeNumber({address.substr(point + 1), false});
+  if (!toolbar || !position || *position < 1) return nullptr;
+  const auto at = static_cast<std::size_t>(*position) - 1;
+  return at < toolbar->buttons().size() ? toolbar->buttons()[at] : nullptr;
 }
 
 }  // namespace
@@ -28,6 +40,7 @@ bool PropertyName::ofForm() const { return lowerCase(owner) == "form"; }
 
 Control& findControl(const Form& form, const std::string& address) {
   if (Control* control = form.find(address)) return *control;
+  if (Control* button = toolButton(form, address)) return *button;
   std::vector<std::string> names;
   for (const auto& control : form.controls()) names.push_back(control->address());
   const std::string near = nearNames(address, names);

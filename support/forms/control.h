@@ -28,7 +28,9 @@ enum class Key : int {
   Up,
   Right,
   Down,
-  Delete = 46
+  Delete = 46,
+  F2 = 113,
+  F4 = 115
 };
 enum ShiftState : int { kShift = 1, kControl = 2, kAlt = 4 };
 
@@ -71,10 +73,15 @@ class Control {
   // Name and value of everything that dumps and scripts can read, the common properties first.
   virtual Properties properties() const;
 
-  // The key went down in this control; true where the handler used it up.
+  // The key went down in this control, or in one that it contains; true where the handler used it up.
   std::function<bool(Key, int shift)> onKeyDown;
+  // The keyboard came from another control of the form, or with the form.
+  std::function<void()> onGotFocus;
   // The keyboard went to another control of the form.
   std::function<void()> onLostFocus;
+  void gainFocus() {
+    if (onGotFocus) onGotFocus();
+  }
   void loseFocus() {
     if (onLostFocus) onLostFocus();
   }

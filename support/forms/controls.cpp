@@ -94,6 +94,13 @@ void ListControl::choose(int index) {
   if (same && index >= 0) fire(onClick);
 }
 
+Control::Properties ListBox::properties() const {
+  Properties all = ListControl::properties();
+  if (!selectedColours_) return all;
+  return with(with(std::move(all), "selectedBackColor", selectedColours_->back), "selectedForeColor",
+              selectedColours_->fore);
+}
+
 void ListBox::doubleClick(int index) {
   setListIndex(index);
   fire(onDblClick);

@@ -9,7 +9,12 @@
 //   ListBox        dblClick  when the user clicks an entry twice
 //   TextBox        change    when its text changes
 //                  keyPress  before the user's key has its effect; not for what code does
-//   all            lostFocus when the keyboard goes to another control of the form
+//   ToolButton     click     when clicked
+//   ColourField    click     when its button is clicked
+//   PropertyEditor rowChanged     when a list row's value changes
+//                  rowValidating  when the user leaves an edited text row or presses Enter in it
+//                  rowButton      when a colour row's button is clicked
+//   all            gotFocus, lostFocus when the keyboard comes from or goes to another control of the form
 // Code that fills a form guards its handlers with a loading flag for this reason.
 // A value that a control cannot take is Error 380, and the control stays as it was.
 #pragma once
@@ -19,12 +24,14 @@
 #include <utility>
 #include <vector>
 
+#include "support/forms/colour.h"
 #include "support/forms/control.h"
 #include "support/forms/layout.h"
 
 namespace vmgv {
 
 class CheckBox;
+class ColourField;
 class ComboBox;
 class CommandButton;
 class Frame;
@@ -37,12 +44,14 @@ class OptionButton;
 class PictureBox;
 class ProgressBar;
 class TextBox;
+class ToolButton;
 
 // One function a kind: a front end that lacks one does not compile.
 class ControlVisitor {
  public:
   virtual ~ControlVisitor() = default;
   virtual void visit(CheckBox&) = 0;
+  virtual void visit(ColourField&) = 0;
   virtual void visit(ComboBox&) = 0;
   virtual void visit(CommandButton&) = 0;
   virtual void visit(Frame&) = 0;
@@ -55,6 +64,7 @@ class ControlVisitor {
   virtual void visit(PictureBox&) = 0;
   virtual void visit(ProgressBar&) = 0;
   virtual void visit(TextBox&) = 0;
+  virtual void visit(ToolButton&) = 0;
 };
 
 // The parts of a kind that only repeat its name.
@@ -73,13 +83,13 @@ class Container : public Control {
   layout::Node content;
 };
 
-class Frame final : public ControlOf<Frame, Container> {  // a titled border
+class Frame : public ControlOf<Frame, Container> {  // a titled border
  public:
   static constexpr std::string_view kTypeName = "Frame";
   using ControlOf::ControlOf;
 };
 
-class PictureBox final : public ControlOf<PictureBox, Container> {  // invisible; groups option buttons
+class PictureBox : public ControlOf<PictureBox, Container> {  // invisible; groups option buttons
  public:
   static constexpr std::string_view kTypeName = "PictureBox";
   using ControlOf::ControlOf;
@@ -189,10 +199,22 @@ class ListBox final : public ControlOf<ListBox, ListControl> {  // an open list
  public:
   static constexpr std::string_view kTypeName = "ListBox";
   using ControlOf::ControlOf;
+  Properties properties() const override;
 
   void doubleClick(int index);  // what a user's does
   std::function<void()> onDblClick;
   int rows = 10;  // that its natural height shows
+
+  // How the selected entry is painted; nothing: as the platform does.
+  struct Colours {
+    Colour back, fore;
+    bool operator==(const Colours&) const = default;
+  };
+  const std::optional<Colours>& selectedColours() const noexcept { return selectedColours_; }
+  void setSelectedColours(Colours colours) { change(selectedColours_, std::optional(colours)); }
+
+ private:
+  std::optional<Colours> selectedColours_;
 };
 
 class ListView final : public ControlOf<ListView, ListControl> {  // an open list below a header

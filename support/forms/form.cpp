@@ -1,6 +1,7 @@
 #include "support/forms/form.h"
 
 #include "support/automation/class_table.h"
+#include "support/forms/tool_button.h"
 #include "support/forms/window_port.h"
 
 namespace vmgv {
@@ -51,7 +52,13 @@ void Form::closeByUser() {
 }
 
 bool Form::pressKey(Control* focused, Key key, int shift) {
-  if (focused && focused->onKeyDown && focused->onKeyDown(key, shift)) return true;
+  for (const Control* at = focused; at; at = at->container()) {
+    if (at->onKeyDown && at->onKeyDown(key, shift)) return true;
+  }
+  if (ToolButton* button = shortcut(focused, key, shift)) {
+    button->click();
+    return true;
+  }
   if (shift != 0 || (key != Key::Return && key != Key::Escape)) return false;
   CommandButton* clicked = nullptr;
   if (key == Key::Return) clicked = dynamic_cast<CommandButton*>(focused);
@@ -63,6 +70,16 @@ bool Form::pressKey(Control* focused, Key key, int shift) {
   if (!clicked || !clicked->enabled() || !clicked->visible()) return false;
   clicked->click();
   return true;
+}
+
+ToolButton* Form::shortcut(const Control* focused, Key key, int shift) const {
+  if (dynamic_cast<const TextBox*>(focused)) return nullptr;
+  for (const auto& control : controls_) {
+    auto* button = dynamic_cast<ToolButton*>(control.get());
+    const bool meant = button && button->shortcut == ToolButton::Shortcut{key, shift};
+    if (meant && button->enabled() && button->visible()) return button;
+  }
+  return nullptr;
 }
 
 Form::Changes Form::takeChanges() {

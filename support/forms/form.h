@@ -63,8 +63,12 @@ class Form {
   // The user moved it. Returns the control that he left, which the front end tells in its own good time; null
   // where there is none.
   Control* focusMoved(Control* control) noexcept;
-  // A key that the focused control (or null) did not use for itself: its own handler first, then Enter for
-  // the focused or default button and Esc for the cancel button. True where something used it.
+  // Moves it as soon as the front end lets the control have it.
+  void setFocus(Control& control) noexcept { wantedFocus_ = &control; }
+  Control* takeWantedFocus() noexcept { return std::exchange(wantedFocus_, nullptr); }
+  // A key that the focused control (or null) did not use for itself: its own handler first and those of what
+  // contains it, then shortcuts, Enter for the focused or default button and Esc for the cancel button. True
+  // where something used it.
   bool pressKey(Control* focused, Key key, int shift = 0);
 
   // The controls changed since the last call; the form's own changes are told by `formChanged`.
@@ -78,6 +82,7 @@ class Form {
  private:
   friend class Control;
   void noteChange(Control& control);
+  ToolButton* shortcut(const Control* focused, Key key, int shift) const;
 
   std::string name_;
   std::vector<std::unique_ptr<Control>> controls_;
@@ -87,6 +92,7 @@ class Form {
   Size size_;
   bool open_ = false;
   Control* active_ = nullptr;
+  Control* wantedFocus_ = nullptr;
   Changes changes_;
 };
 

@@ -158,11 +158,18 @@ class Pass {
   struct Grid {
     std::vector<std::vector<Size>> cells;
     std::vector<int> widths, heights;  // of the columns and the rows
+    int widestItem = 0;                // that is a whole row
   };
 
   Grid gridOf(const Node& node) {
     Grid grid;
     for (const Node& row : node.children) {
+      if (row.kind == Node::Kind::Item) {
+        const Size size = grid.cells.emplace_back(1, measure(row)).front();
+        grid.heights.push_back(size.height);
+        grid.widestItem = std::max(grid.widestItem, size.width);
+        continue;
+      }
       const std::vector<Size>& cells = grid.cells.emplace_back(measureAll(row));
       grid.widths.resize(std::max(grid.widths.size(), cells.size()));
       int height = 0;
@@ -184,7 +191,7 @@ class Pass {
   Size measureTable(const Node& node) {
     const Grid grid = gridOf(node);
     const int gap = node.gapUnits * unit_;
-    return {total(grid.widths, gap), total(grid.heights, gap)};
+    return {std::max(total(grid.widths, gap), grid.widestItem), total(grid.heights, gap)};
   }
 
   // What is left over goes to the last column and the last row.
@@ -196,7 +203,9 @@ class Pass {
     int top = area.top;
     for (std::size_t r = 0; r < grid.cells.size(); ++r) {
       int left = area.left;
-      for (std::size_t c = 0; c < grid.cells[r].size(); ++c) {
+      const bool whole = node.children[r].kind == Node::Kind::Item;
+      if (whole) place(node.children[r], {left, top, area.width, grid.heights[r]});
+      for (std::size_t c = 0; !whole && c < grid.cells[r].size(); ++c) {
         placeInRow(node.children[r].children[c], grid.cells[r][c].height,
                    {left, top, grid.widths[c], grid.heights[r]});
         left += grid.widths[c] + gap;

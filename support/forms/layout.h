@@ -22,7 +22,7 @@ struct Node {
   enum class Kind { Nothing, Item, Row, Column, Table, Space };
   Kind kind = Kind::Nothing;
   Control* control = nullptr;  // of an Item
-  std::vector<Node> children;  // of a Row or Column; a Table's are Rows of its cells
+  std::vector<Node> children;  // of a Row or Column; a Table's are Rows of its cells, or items as wide as it
   int gapUnits = 1;            // between the children
   int stretchFactor = 0;       // share of what is left over along the parent's direction
   bool uniform = false;        // a Row whose children are all as wide as the widest
@@ -45,7 +45,7 @@ struct Node {
 Node item(Control& control);
 Node row(std::vector<Node> children);
 Node column(std::vector<Node> children);
-// Rows of cells, each column as wide as its widest cell; Node() is an empty cell.
+// Rows of cells, each column as wide as its widest cell; Node() is an empty cell, an item a whole row.
 Node table(std::vector<Node> rows);
 Node space();  // takes what is left over
 // Equal buttons at the right end of a row.

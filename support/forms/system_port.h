@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "support/automation/object.h"
 
@@ -30,6 +31,7 @@ class SystemPort {
 
   virtual std::optional<DesktopFonts> desktopFonts() = 0;  // nothing when the platform cannot tell
   virtual std::int32_t pixelsPerInch() = 0;                // vertically, of the screen
+  virtual std::vector<std::string> screenFonts() = 0;      // the families' names, sorted, each once
 
   // A machine-wide text setting; the default where it is missing or cannot be read.
   virtual std::string setting(const std::string& key, const std::string& name,

@@ -33,6 +33,8 @@ class WindowPort {
   virtual MessageResult messageBox(const std::string& text, MessageStyle style, const std::string& title) = 0;
   // An existing file to open; nothing when the user cancels.
   virtual std::optional<std::string> pickFile(const FileRequest& request) = 0;
+  // A colour, `initial` being the one so far; nothing when the user cancels.
+  virtual std::optional<Colour> pickColour(Colour initial) = 0;
   // Lets pending messages in and brings the widgets up to date. Cheap enough for every row of a long loop:
   // real work happens once 50 ms have passed since the last time.
   virtual void doEvents() = 0;

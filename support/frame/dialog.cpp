@@ -20,6 +20,10 @@ layout::Node Dialog::addClosingButtons() {
 
 layout::Node Dialog::addButtons() {
   addClosingButtons();
+  return layout::buttons({cmdOK_, cmdCancel_, &addHelpButton()});
+}
+
+CommandButton& Dialog::addHelpButton() {
   cmdHelp_ = &form_.add<CommandButton>("cmdHelp");
   cmdHelp_->onClick = [this] {
     skipping([this] {
@@ -27,7 +31,7 @@ layout::Node Dialog::addButtons() {
       services_.help.ShowHelpTopic(topic, &form_, {});
     });
   };
-  return layout::buttons({cmdOK_, cmdCancel_, cmdHelp_});
+  return *cmdHelp_;
 }
 
 void Dialog::keepReferences(const ObjectRef& editor) {

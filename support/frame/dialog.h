@@ -25,6 +25,7 @@ class Dialog {
   layout::Node addButtons();
   // The same without Help.
   layout::Node addClosingButtons();
+  CommandButton& addHelpButton();
 
   // Keeps the editor and takes its grid; a failure leaves no grid.
   void keepReferences(const ObjectRef& editor);

@@ -70,12 +70,14 @@ TEST(Control, ShowMethodsAnswerFalseWhateverHappens) {
   f.control.putRef("Grid", ObjectRef());
   // A dialog without a grid opens empty; the user closes it.
   for (const char* method : {"ShowSummary", "ShowSort", "ShowOther", "ShowItems", "ShowGroups", "ShowExcel",
-                             "ShowFormat", "ShowGeneral", "ShowPreview", "ShowPreviewX"}) {
+                             "ShowGeneral", "ShowPreview", "ShowPreviewX"}) {
     EXPECT_EQ(f.control.call(method), Value(false)) << method;
   }
   EXPECT_EQ(f.control.call("ShowPreviewX", "Sales", true, Missing{}), Value(false));
   EXPECT_EQ(f.control.call("ShowPreview", Missing{}, Missing{}), Value(false));
   EXPECT_TRUE(f.messages().empty());
+  // The one method that tells its host.
+  EXPECT_THROW(f.control.call("ShowFormat"), Error);
 }
 
 TEST(Control, ADialogThatIsOpenDoesNotOpenAgain) {

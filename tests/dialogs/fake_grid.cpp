@@ -47,6 +47,7 @@ class FakeGrid::Item final : public NamedObject {
       const FakeRow& row = grid_.rows[at_];
       return name == "RowType" ? Value(row.type) : row.values[place(args, row.values.size())];
     }
+    if (type == "FmtCondition" || type == "FormatStyle") return ruleMember(name, access, args);
     if (type != "Column") lacks(type, name);
     FakeColumn& column = grid_.columns[at_];
     const auto number = static_cast<std::int32_t>(at_ + 1);
@@ -67,6 +68,20 @@ class FakeGrid::Item final : public NamedObject {
     lacks(type, name);
   }
 
+  Value ruleMember(const std::string& name, Access access, Args args) {
+    FakeRule& rule = grid_.rules.at(at_);
+    const bool style = typeName() == "FormatStyle";
+    if (name == "Name") return rule.name;
+    if (name == "FormatStyle") return makeObject<Item>(grid_, "FormatStyle", at_);
+    auto& members = style ? rule.style : rule.members;
+    if (access == Access::Put) {
+      grid_.log.push_back(rule.name + "." + name + "=" + vmgv::typeName(args[0]) + ":" + toText(args[0]));
+      return members[name] = args[0], Value();
+    }
+    const auto found = members.find(name);
+    return found == members.end() ? grid_.ownStyle.at(name) : found->second;
+  }
+
   FakeGrid& grid_;
   std::size_t at_;
   Value value_;
@@ -85,10 +100,13 @@ class FakeGrid::Part final : public NamedObject {
     if (type == "Columns") return item ? itemOf("Column", args, grid_.columns) : countOf(grid_.columns);
     if (type == "SelectedItems")
       return item ? itemOf("SelectedItem", args, grid_.selected) : countOf(grid_.selected);
+    if (type == "FmtConditions") return rules(item ? "Item" : name, args);
+    if (type == "Font") return font(name);
     if (type == "Groups") return keys("Group", grid_.groups, name, args);
     if (type == "SortKeys") return keys("SortKey", grid_.sortKeys, name, args);
     if (name == "Columns" && args.has(0)) return itemOf("Column", args, grid_.columns);
-    if (name == "Columns" || name == "SelectedItems" || name == "Groups" || name == "SortKeys") {
+    if (name == "Columns" || name == "SelectedItems" || name == "Groups" || name == "SortKeys" ||
+        name == "FmtConditions" || name == "Font") {
       return makeObject<Part>(grid_, name);
     }
     if (name == "PreviewColumn" && access == Access::Get) return grid_.previewColumn;
@@ -123,6 +141,40 @@ class FakeGrid::Part final : public NamedObject {
     if (known || toLong(args[0]) < 1) throw Error(ErrorNumber::InvalidCall);
     all.emplace_back(args[0], args[1]);
     return {};
+  }
+
+  Value rules(const std::string& name, Args args) {
+    if (name == "Count") return countOf(grid_.rules);
+    const bool byName = args[0].isText();
+    const std::string text = byName || name == "Add" ? toText(args[name == "Add" ? 4 : 0]) : std::string();
+    const auto found = std::find_if(grid_.rules.begin(), grid_.rules.end(),
+                                    [&](const FakeRule& rule) { return rule.name == text; });
+    if (name == "Item" && !byName) return itemOf("FmtCondition", args, grid_.rules);
+    if (name == "Add") {
+      std::string what = name;
+      for (std::size_t i = 0; i < args.size(); ++i) {
+        what += args[i].isMissing() ? " -" : " " + vmgv::typeName(args[i]) + ":" + toText(args[i]);
+      }
+      if (found != grid_.rules.end()) throw Error(ErrorNumber::InvalidCall, text + " is there already");
+      grid_.rules.push_back({text});
+      return note(what);
+    }
+    if (found == grid_.rules.end()) throw Error(ErrorNumber::SubscriptOutOfRange, "no rule " + text);
+    if (name == "Item") {
+      return makeObject<Item>(grid_, "FmtCondition", static_cast<std::size_t>(found - grid_.rules.begin()));
+    }
+    if (name != "Remove" || !byName) lacks("FmtConditions", name);
+    grid_.rules.erase(found);
+    return note("Remove " + text);
+  }
+
+  Value font(const std::string& name) {
+    const std::string member =
+        lowerCase(name) == "strikethrough" ? "fontstrikethru" : "font" + lowerCase(name);
+    for (const auto& [own, value] : grid_.ownStyle) {
+      if (lowerCase(own) == member) return value;
+    }
+    lacks("Font", name);
   }
 
   Value itemByPosition(std::int32_t position) {

@@ -23,19 +23,32 @@ struct FakeRow {
   std::vector<Value> values;
 };
 
+struct FakeRule {
+  std::string name;
+  std::map<std::string, Value> members{
+      {"ColIndex", 1}, {"Operator", std::int16_t{0}}, {"Value1", {}}, {"Value2", {}}};
+  std::map<std::string, Value> style;  // what differs from the grid's own
+};
+
 class FakeGrid {
  public:
   std::vector<FakeColumn> columns;
   std::vector<FakeRow> rows;
   std::vector<std::pair<Value, Value>> sortKeys, groups;  // column index, order
   std::vector<std::int32_t> selected;                     // row positions
+  std::vector<FakeRule> rules;
   Value previewColumn = Null{};
   bool multiSelect = false;
   bool redraw = true;
   std::map<std::string, Value> settings{{"GroupByBoxVisible", true}, {"GroupByBoxInfoText", "Drag here"},
                                         {"GroupFooterStyle", 0},     {"UseEvenOddColor", false},
-                                        {"ColumnAutoResize", false}, {"PreviewRowLines", 1}};
-  // "Redraw=True", "SortKeys.Clear", "SortKeys.Add 3,-1", "ExpandAll", "Columns(2).Visible=False", in order.
+                                        {"ColumnAutoResize", false}, {"PreviewRowLines", 1},
+                                        {"BackColor", 0xFFFFFF},     {"ForeColor", 0}};
+  std::map<std::string, Value> ownStyle{
+      {"BackColor", 0xFFFFFF}, {"ForeColor", 0},     {"FontName", "Arial"},    {"FontSize", 9.0},
+      {"FontBold", false},     {"FontItalic", true}, {"FontUnderline", false}, {"FontStrikethru", false}};
+  // "Redraw=True", "SortKeys.Clear", "SortKeys.Add 3,-1", "ExpandAll", "Columns(2).Visible=False",
+  // "Condition 1.Value1=String:7", in order.
   std::vector<std::string> log;
 
   ObjectRef object();

@@ -47,6 +47,7 @@ TEST(SummaryDialog, EachButtonOpensItsDialogOverTheHub) {
                {"cmdSrt", "Label2", "Ταξινόμηση δεδομένων...", "frmSort"},
                {"cmdFld", "Label3", "Εμφάνιση και απόκρυψη στηλών...", "frmItems"},
                {"cmdFnt", "Label4", "Γραμματοσειρές επικεφαλίδων...", nullptr},
+               {"cmdFrm", "Label5", "Συνθήκες εμφάνισης γραμμών...", "frmFormConditions"},
                {"cmdViews", "Label6", "Εισαγωγή και κατάργηση προβολών", nullptr},
                {"cmdExcel", "Label7", "Εξαγωγή δεδομένων σε φύλλο εργασίας του Excel", "frmExcel"}};
   DialogFixture f(gridOfColumns(1));

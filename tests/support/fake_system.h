@@ -23,6 +23,7 @@ class FakeSystem : public SystemPort {
     return fonts;
   }
   std::int32_t pixelsPerInch() override { return ppi; }
+  std::vector<std::string> screenFonts() override { return {}; }
   std::string setting(const std::string& key, const std::string& name,
                       const std::string& defaultValue) override {
     ++settingReads;

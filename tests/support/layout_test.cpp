@@ -14,6 +14,7 @@ class FakeWindow : public WindowPort {
     return MessageResult::Ok;
   }
   std::optional<std::string> pickFile(const FileRequest&) override { return {}; }
+  std::optional<Colour> pickColour(Colour) override { return {}; }
   void doEvents() override {}
   Size naturalSize(const Control& control) override {
     return {static_cast<int>(control.caption().size()) * 100, 300};

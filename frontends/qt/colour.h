@@ -1,0 +1,15 @@
+// Automation's colours as Qt has them.
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+#include "support/forms/colour.h"
+
+namespace vmgv {
+
+// What the desktop chooses comes from the palette; the text's colour for what a palette does not have.
+QColor qtColour(Colour colour, const QPalette& palette);
+Colour formColour(const QColor& colour);
+
+}  // namespace vmgv
