@@ -8,7 +8,8 @@
 namespace vmgv {
 namespace {
 
-constexpr std::int32_t kSampledRows = 200;  // looked at for a column's first width
+// Looked at for the first widths: rows of a column, and texts in all.
+constexpr std::int32_t kFewestRows = 10, kMostRows = 200, kTexts = 20'000;
 constexpr int kWidestLetters = 36;
 constexpr int kSortMark = 28;             // pixels of a usual monitor
 constexpr std::size_t kMostBytes = 4096;  // of a cell's text
@@ -61,7 +62,8 @@ int ColumnWidths::natural(const GridEngine& engine, const ListLook& look, std::i
     return screen.width(cellText(std::move(text)).substr(0, kWidestLetters));
   };
   int width = measured(engine.column(column).caption) + look.scaled(kSortMark);
-  const std::int32_t step = std::max(1, engine.rowCount() / kSampledRows);
+  const std::int32_t sampled = std::clamp(kTexts / engine.columnCount(), kFewestRows, kMostRows);
+  const std::int32_t step = std::max(1, engine.rowCount() / sampled);
   for (std::int32_t row = 1; row <= engine.rowCount(); row += step) {
     if (engine.displayRow(row).rowType != kRecordRow) continue;
     width = std::max(width, measured(engine.displayText(row, column)));

@@ -25,7 +25,9 @@ ListGrid::~ListGrid() { model_.engine->removeObserver(this); }
 
 void ListGrid::makeLook() {
   font_ = model_.engine->settings().font;
-  model_.look = std::make_unique<ListLook>(usual_, font_, static_cast<int>(GetDpiForWindow(window())));
+  largestFonts_ = model_.engine->largestFonts();
+  model_.look =
+      std::make_unique<ListLook>(usual_, font_, largestFonts_, static_cast<int>(GetDpiForWindow(window())));
   widths_.forget();
 }
 
@@ -36,7 +38,8 @@ void ListGrid::rowsChanged() {
 }
 
 void ListGrid::appearanceChanged() {
-  if (font_ != model_.engine->settings().font) makeLook();
+  const GridEngine& engine = *model_.engine;
+  if (font_ != engine.settings().font || largestFonts_ != engine.largestFonts()) makeLook();
   arrange();
 }
 

@@ -34,7 +34,9 @@ class ListGrid final : public OwnWindow, private GridObserver {
   ListModel model_;
   ColumnWidths widths_;
   HFONT usual_;
-  GridFont font_;  // of the engine's, as the look has it
+  // The engine's, as the look has them.
+  GridFont font_;
+  std::vector<GridFont> largestFonts_;
   std::unique_ptr<ListGroupBox> box_;
   std::unique_ptr<ListHeader> header_;
   std::unique_ptr<ListRows> rows_;

@@ -1,5 +1,6 @@
 #include "frontends/win32grid/list_look.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "frontends/com/text.h"
@@ -17,17 +18,17 @@ COLORREF shownColour(std::int32_t colour) noexcept {
 
 }  // namespace
 
-ListLook::ListLook(HFONT usual, const GridFont& font, int dpi) : dpi_(dpi) {
+ListLook::ListLook(HFONT usual, const GridFont& font, const std::vector<GridFont>& largest, int dpi)
+    : dpi_(dpi) {
   GetObjectW(usual, sizeof usual_, &usual_);
   font_ = made(font);
   GridFont bold = font;
   bold.bold = true;
   bold_ = made(bold);
-  const FontScope screen(font_);
-  TEXTMETRICW metrics{};
-  GetTextMetricsW(screen.context(), &metrics);
-  textHeight_ = static_cast<int>(metrics.tmHeight);
-  letterWidth_ = static_cast<int>(metrics.tmAveCharWidth);
+  letterWidth_ = static_cast<int>(FontScope(font_).metrics().tmAveCharWidth);
+  for (const GridFont& other : largest) {
+    textHeight_ = std::max(textHeight_, static_cast<int>(FontScope(made(other)).metrics().tmHeight));
+  }
 }
 
 ListLook::~ListLook() {

@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "adapters/grid/row_styles.h"
 
@@ -14,8 +15,9 @@ namespace vmgv {
 
 class ListLook {
  public:
-  // `font` is the grid's; `usual` serves for what it leaves as it is by itself.
-  ListLook(HFONT usual, const GridFont& font, int dpi);
+  // `font` is the grid's, and `largest` what rows may have; `usual` serves for what these leave as it is by
+  // itself.
+  ListLook(HFONT usual, const GridFont& font, const std::vector<GridFont>& largest, int dpi);
   ListLook(const ListLook&) = delete;
   ListLook& operator=(const ListLook&) = delete;
   ~ListLook();
@@ -23,7 +25,7 @@ class ListLook {
   HFONT font() const noexcept { return font_; }
   HFONT bold() const noexcept { return bold_; }
   HFONT fontOf(const RowStyle& style);  // kept as long as this is
-  // Pixels: of a line of text, and of a row without a preview.
+  // Pixels: of a line of text in the largest font, and of a row without a preview.
   int textHeight() const noexcept { return textHeight_; }
   int lineHeight() const noexcept { return textHeight_ + scaled(8); }
   int previewHeight(int lines) const noexcept { return lines == 0 ? 0 : lines * textHeight_ + scaled(4); }
@@ -64,7 +66,11 @@ class FontScope {
     SelectObject(context_, before_);
     if (isScreen_) ReleaseDC(nullptr, context_);
   }
-  HDC context() const noexcept { return context_; }
+  TEXTMETRICW metrics() const noexcept {
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context_, &metrics);
+    return metrics;
+  }
   int width(const std::wstring& text) const noexcept {
     SIZE size{};
     GetTextExtentPoint32W(context_, text.c_str(), static_cast<int>(text.size()), &size);

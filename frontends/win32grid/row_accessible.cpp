@@ -89,7 +89,10 @@ HRESULT RowAccessible::get_accDescription(VARIANT child, BSTR* description) {
     std::string text;
     if (row.rowType == kGroupHeaderRow) return text;
     for (const ShownColumn& column : model_.columns) text += cell(position, column.index) + "; ";
-    return text + model_.engine->previewText(row);
+    text += model_.engine->previewText(row);
+    for (const SharedCondition& condition : model_.engine->reasonsOf(row).matching)
+      text += "; " + condition->name;
+    return text;
   });
 }
 

@@ -48,7 +48,7 @@ RECT expanderRect(const ListModel& model, const DisplayRow& row, const RECT& roo
 }
 
 COLORREF backColour(const ListModel& model) {
-  return coloursOf({.backColor = model.engine->settings().backColor}).back;
+  return coloursOf(RowStyle{.backColor = model.engine->settings().backColor}).back;
 }
 
 void RowPainter::fill(const RECT& room, COLORREF colour) const noexcept {
@@ -75,7 +75,7 @@ void RowPainter::paint(const RECT& room, std::int32_t position, const RowState& 
   } else {
     cells(line, position, font, colours.back, state);
     if (line.bottom < own.bottom) {
-      preview({own.left, line.bottom, own.right, own.bottom}, row,
+      preview({own.left, line.bottom, own.right, own.bottom}, row, font,
               mixed(colours.back, colours.ink, kPreviewShare));
     }
   }
@@ -119,8 +119,8 @@ void RowPainter::header(const RECT& room, const DisplayRow& row, const RowState&
   }
 }
 
-void RowPainter::preview(const RECT& room, const DisplayRow& row, COLORREF ink) const {
-  const FontScope scope(context_, model_.look->font());
+void RowPainter::preview(const RECT& room, const DisplayRow& row, HFONT font, COLORREF ink) const {
+  const FontScope scope(context_, font);
   const int padding = model_.look->padding();
   RECT text{room.left - shift_ + 2 * padding, room.top, room.right - padding, room.top};
   text.bottom += model_.engine->previewLines() * model_.look->textHeight();

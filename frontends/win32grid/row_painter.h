@@ -23,7 +23,7 @@ class RowPainter {
  private:
   void header(const RECT& room, const DisplayRow& row, const RowState& state) const;
   void cells(const RECT& line, std::int32_t position, HFONT font, COLORREF back, const RowState& state) const;
-  void preview(const RECT& room, const DisplayRow& row, COLORREF ink) const;
+  void preview(const RECT& room, const DisplayRow& row, HFONT font, COLORREF ink) const;
   void expander(const RECT& room, bool expanded, COLORREF ink) const noexcept;
 
   const ListModel& model_;

@@ -337,6 +337,9 @@ TEST_F(ListGridTest, PaintsWhatTheEngineSaysAndLeavesNothing) {
   desks.style.backColor = 0x0000C0;
   engine->addCondition(desks);
   EXPECT_EQ(colourAt(5), COLORREF{0x0000C0});
+  const int line = height(5);
+  engine->changeCondition(engine->conditions().front(), [](FormatCondition& c) { c.style.fontSize = 20; });
+  EXPECT_GT(height(5), line) << "no text is cut off";
   const auto upheaval = [&](int times) {
     for (int i = 0; i < times; ++i) {
       engine->changeSettings([&](GridSettings& settings) { settings.font.size = 8 + i % 5; });
