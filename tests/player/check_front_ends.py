@@ -11,7 +11,7 @@ import zipfile
 
 GEOMETRY = {"left", "top", "width", "height"}
 FONT = {"name", "size"}  # are the desktop's
-LAYOUTS = {"sorted.json", "reshaped.json", "reshaped-again.json"}  # are the same to the byte
+LAYOUTS = {"sorted.json", "conditions.json", "reshaped.json", "reshaped-again.json"}  # are the same to the byte
 
 
 def without_geometry(node, dropped=GEOMETRY):
