@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "frontends/com/text.h"
 #include "frontends/com/wall.h"
 #include "servers/common/registry.h"
 #include "servers/common/type_info.h"
@@ -27,6 +28,12 @@ std::wstring textOf(const GUID& guid) {
   return text;
 }
 
+// The library's own prints wide numbers by another 10 KB.
+template <class Number>
+std::wstring numberText(Number number) {
+  return wide(std::to_string(number));
+}
+
 std::wstring keyOf(const ServerClass& made) { return L"CLSID\\" + textOf(made.clsid); }
 std::wstring versionedProgId(const ServerClass& made) { return std::wstring(made.progId) + L".1"; }
 
@@ -34,9 +41,9 @@ void enterControl(const RegistryKey& classes, const std::wstring& key, const Con
                   const std::wstring& path) {
   // No Insertable: it would offer the control to documents as an object with content, which it has none of.
   classes.write(key + L"\\Control", L"");
-  classes.write(key + L"\\ToolboxBitmap32", path + L", " + std::to_wstring(control.toolboxBitmap));
+  classes.write(key + L"\\ToolboxBitmap32", path + L", " + numberText(control.toolboxBitmap));
   classes.write(key + L"\\MiscStatus", L"0");
-  classes.write(key + L"\\MiscStatus\\1", std::to_wstring(control.miscStatus));  // DVASPECT_CONTENT
+  classes.write(key + L"\\MiscStatus\\1", numberText(control.miscStatus));  // DVASPECT_CONTENT
 }
 
 void enterClass(const RegistryKey& classes, const ServerClass& made, const std::optional<GUID>& typeLibrary) {
