@@ -8,6 +8,7 @@
 #include "adapters/workbook/collection.h"
 #include "adapters/workbook/files.h"
 #include "adapters/workbook/paths.h"
+#include "adapters/workbook/template_fill.h"
 #include "adapters/workbook/workbook.h"
 
 namespace vmgv::workbook {
@@ -20,6 +21,7 @@ class Session {
   ~Session() { quit(); }
 
   ObjectRef add();
+  ObjectRef openFile(const std::string& path);
   std::vector<ObjectRef> open() const;  // the workbooks that are not closed
   ObjectRef active() const;             // the last of them, or nothing
 
@@ -29,6 +31,8 @@ class Session {
 
  private:
   void requireRunning() const;
+  std::string workingFolder() const;
+  std::string targetOf(const Book& book) const;
   static Book& bookOf(const ObjectRef& workbook) { return static_cast<Workbook&>(*workbook).book(); }
 
   WorkbookHost& host_;
@@ -42,17 +46,44 @@ void Session::requireRunning() const {
   if (quit_) throw Error(ErrorNumber::Application, "The application has quit");
 }
 
-ObjectRef Session::add() {
-  requireRunning();
+// Where working files go: the target's folder, so that it is known early whether it can be written to.
+std::string Session::workingFolder() const {
   const std::string target = host_.targetPath();
   std::error_code ignored;
   if (std::filesystem::is_directory(pathOf(target), ignored)) {
     throw Error(ErrorNumber::PathAccess, "The workbook " + target + " cannot be written: it is a folder");
   }
-  const std::string folder =
-      target.empty() ? textOf(std::filesystem::temp_directory_path(ignored)) : folderOf(target);
-  auto book = std::make_shared<Book>("Book" + std::to_string(++added_), folder);
+  return target.empty() ? textOf(std::filesystem::temp_directory_path(ignored)) : folderOf(target);
+}
+
+ObjectRef Session::add() {
+  requireRunning();
+  auto book = std::make_shared<Book>("Book" + std::to_string(++added_), workingFolder());
   return workbooks_.emplace_back(makeObject<Workbook>(std::move(book)));
+}
+
+ObjectRef Session::openFile(const std::string& path) {
+  requireRunning();
+  auto book = std::make_shared<Book>(std::make_unique<TemplateFill>(path), workingFolder());
+  return workbooks_.emplace_back(makeObject<Workbook>(std::move(book)));
+}
+
+// Programs refuse macros in a file whose name does not tell of them. A template is never written over.
+std::string Session::targetOf(const Book& book) const {
+  std::string path = host_.targetPath();
+  if (path.empty()) {
+    throw Error(ErrorNumber::PathAccess,
+                "The workbook " + book.name() + " cannot be written: no path is given");
+  }
+  if (!book.fill()) return path;
+  auto target = pathOf(path);
+  if (book.fill()->hasMacros()) target.replace_extension(".xlsm");
+  std::error_code ignored;
+  if (std::filesystem::equivalent(target, pathOf(book.fill()->book().package().path()), ignored)) {
+    throw Error(ErrorNumber::PathAccess,
+                "The workbook " + textOf(target) + " cannot be written: it is the template");
+  }
+  return textOf(target);
 }
 
 std::vector<ObjectRef> Session::open() const {
@@ -73,11 +104,7 @@ void Session::show() {
   for (const ObjectRef& workbook : open()) {
     Book& book = bookOf(workbook);
     if (book.isPublished()) continue;
-    const std::string path = host_.targetPath();
-    if (path.empty()) {
-      throw Error(ErrorNumber::PathAccess,
-                  "The workbook " + book.name() + " cannot be written: no path is given");
-    }
+    const std::string path = targetOf(book);
     const std::int64_t rows = book.publish(path);
     host_.finished(path, rows);
   }
@@ -100,8 +127,6 @@ class Workbooks final : public Exposed<Workbooks> {
   }
 
  private:
-  static Value openFile(Args args);
-
   std::shared_ptr<Session> session_;
 };
 
@@ -110,7 +135,7 @@ const ClassTable<Workbooks>& Workbooks::table() {
       "Workbooks",
       {
           {"Add", 0, [](Workbooks& w, Args) -> Value { return w.session_->add(); }},
-          {"Open", 1, [](Workbooks&, Args args) -> Value { return openFile(args); }},
+          {"Open", 1, [](Workbooks& w, Args args) -> Value { return w.session_->openFile(toText(args[0])); }},
           {"Count", 0,
            [](Workbooks& w, Args) -> Value { return static_cast<std::int32_t>(w.session_->open().size()); }},
           {"Item", 1,
@@ -118,11 +143,6 @@ const ClassTable<Workbooks>& Workbooks::table() {
       },
       "Item");
   return table;
-}
-
-Value Workbooks::openFile(Args args) {
-  throw Error(ErrorNumber::Application,
-              "Opening workbooks is not available yet: " + toText(args[0]) + " cannot serve as a template");
 }
 
 class Application final : public Exposed<Application> {

@@ -21,6 +21,45 @@ std::string areaName(const Area& area) {
   return area.isCell() ? first : first + ":" + cellName(area.bottom, area.right);
 }
 
+namespace {
+
+// Takes "$AB$7" from the start of the name.
+std::optional<Area> takeCell(std::string_view& name) {
+  long long row = 0, column = 0;
+  const auto next = [&name] { return name.empty() ? '\0' : name.front(); };
+  if (next() == '$') name.remove_prefix(1);
+  for (char c = next(); (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); c = next()) {
+    column = column * 26 + (c & 0x1F);
+    if (column > kMaxColumns) return {};
+    name.remove_prefix(1);
+  }
+  if (next() == '$') name.remove_prefix(1);
+  for (char c = next(); c >= '0' && c <= '9'; c = next()) {
+    row = row * 10 + (c - '0');
+    if (row > kMaxRows) return {};
+    name.remove_prefix(1);
+  }
+  if (row < 1 || column < 1) return {};
+  return cellAt(row, column);
+}
+
+}  // namespace
+
+std::optional<Area> areaNamed(std::string_view name) {
+  const auto first = takeCell(name);
+  if (!first || name.empty()) return first;
+  if (name.front() != ':') return {};
+  name.remove_prefix(1);
+  const auto last = takeCell(name);
+  if (!last || !name.empty()) return {};
+  return Area{std::min(first->top, last->top), std::min(first->left, last->left),
+              std::max(first->bottom, last->bottom), std::max(first->right, last->right)};
+}
+
+bool meet(const Area& a, const Area& b) {
+  return a.left <= b.right && b.left <= a.right && a.top <= b.bottom && b.top <= a.bottom;
+}
+
 Area cellAt(long long row, long long column) {
   if (row < 1 || row > kMaxRows) {
     throw Error(ErrorNumber::Application, "Row " + std::to_string(row) +

@@ -1,7 +1,9 @@
 // Rectangles of cells, and their names.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace vmgv::workbook {
 
@@ -18,9 +20,12 @@ struct Area {
   bool operator==(const Area&) const = default;
 };
 
-std::string columnLetters(int column);         // 28 is "AB"
-std::string cellName(int row, int column);     // "AB7"
-std::string areaName(const Area& area);        // "AB7" or "A3:L3"
+std::string columnLetters(int column);      // 28 is "AB"
+std::string cellName(int row, int column);  // "AB7"
+std::string areaName(const Area& area);     // "AB7" or "A3:L3"
+// "AB7", "A3:L3" and "$A$3:$L$3"; nothing for what names no cells.
+std::optional<Area> areaNamed(std::string_view name);
+bool meet(const Area& a, const Area& b);       // have a cell in common
 Area cellAt(long long row, long long column);  // Error 1004 outside the worksheet
 
 }  // namespace vmgv::workbook

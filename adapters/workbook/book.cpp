@@ -96,6 +96,15 @@ Book::Book(std::string name, const std::string& folder) : name_(std::move(name))
   sheet_.emplace(styles_, folder);
 }
 
+Book::Book(std::unique_ptr<TemplateFill> fill, const std::string& folder)
+    : name_(textOf(pathOf(fill->book().package().path()).filename())),
+      fill_(std::move(fill)),
+      styles_(fill_->styles()) {
+  if (!fill_->hasSheet()) return;
+  sheetName_ = fill_->sheetName();
+  sheet_.emplace(styles_, folder, &fill_->frame());
+}
+
 void Book::setSheetName(const std::string& name) {
   const bool edged = !name.empty() && (name.front() == '\'' || name.back() == '\'');
   if (name.empty() || utf16Units(name) > 31 || edged || name.find_first_of("[]:*?/\\") != std::string::npos) {
@@ -105,21 +114,29 @@ void Book::setSheetName(const std::string& name) {
                     "and no apostrophe at its ends");
   }
   sheet();
+  if (fill_) throw Error(ErrorNumber::Application, "The sheets of a template keep their names");
   sheetName_ = name;
 }
 
 void Book::refuse() const {
   throw Error(ErrorNumber::Application,
               "The workbook " + name_ +
-                  (state_ == State::Closed ? " is closed" : " is complete and can no longer be changed"));
+                  (state_ == State::Closed    ? " is closed"
+                   : state_ == State::Filling ? " has no worksheet Data"
+                                              : " is complete and can no longer be changed"));
 }
 
 std::int64_t Book::publish(const std::string& path) {
-  if (state_ == State::Filling) sheet_->finish();
+  if (!sheet_) refuse();
+  if (!fill_) sheet_->finish();
   state_ = State::Complete;
   ReplacementFile file(path);
   Package package(file);
-  writeParts(package, sheetName_, styles_, *sheet_);
+  if (fill_) {
+    fill_->write(package, *sheet_, styles_);
+  } else {
+    writeParts(package, sheetName_, styles_, *sheet_);
+  }
   package.finish();
   file.commit();
 
@@ -127,12 +144,14 @@ std::int64_t Book::publish(const std::string& path) {
   name_ = textOf(pathOf(path).filename());
   state_ = State::Published;
   sheet_.reset();
+  fill_.reset();
   return rows;
 }
 
 void Book::close() noexcept {
   state_ = State::Closed;
   sheet_.reset();
+  fill_.reset();
 }
 
 }  // namespace vmgv::workbook

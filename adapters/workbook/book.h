@@ -1,19 +1,27 @@
-// A workbook's content: one worksheet and its styles, from the first cell to the finished file.
+// A workbook's content: the worksheet that is filled and its styles, from the first cell to the finished
+// file.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "adapters/workbook/sheet_stream.h"
 #include "adapters/workbook/styles.h"
+#include "adapters/workbook/template_fill.h"
 
 namespace vmgv::workbook {
 
 class Book {
  public:
-  // `name` as the program shows it; working files go into `folder`.
+  // A new one. `name` as the program shows it; working files go into `folder`.
   Book(std::string name, const std::string& folder);
+  // A template's: its sheet "Data" is the one to change.
+  Book(std::unique_ptr<TemplateFill> fill, const std::string& folder);
+
+  // Null for a new workbook.
+  TemplateFill* fill() const noexcept { return fill_.get(); }
 
   const std::string& name() const noexcept { return name_; }
   const std::string& sheetName() const noexcept { return sheetName_; }
@@ -21,9 +29,9 @@ class Book {
 
   bool isOpen() const noexcept { return state_ != State::Closed; }
   bool isPublished() const noexcept { return state_ == State::Published; }
-  // The sheet to change; Error 1004 where the workbook is complete or closed.
+  // The sheet to change; Error 1004 where the workbook is complete or closed, or a template has none.
   SheetStream& sheet() {
-    if (state_ != State::Filling) refuse();
+    if (state_ != State::Filling || !sheet_) refuse();
     return *sheet_;
   }
 
@@ -41,6 +49,7 @@ class Book {
   std::string name_;
   std::string sheetName_ = "Sheet1";
   State state_ = State::Filling;
+  std::unique_ptr<TemplateFill> fill_;
   StyleTable styles_;
   std::optional<SheetStream> sheet_;
 };

@@ -45,7 +45,7 @@ void assignDate(Cell& cell, Date date, StyleTable& styles) {
     refuse(cell, "a worksheet's dates begin in 1900");
   }
   const std::string_view format = date.days < 1 ? kTimeFormat : hasTime(date) ? kDayTimeFormat : kDayFormat;
-  if (StyleTable::isGeneral(cell.style)) cell.style = styles.withFormat(cell.style, format);
+  if (styles.isGeneral(cell.style)) cell.style = styles.withFormat(cell.style, format);
   cell.number = date.days;
   cell.kind = Cell::Kind::Date;
 }
@@ -78,7 +78,7 @@ void assign(Cell& cell, const Value& value, StyleTable& styles) {
     case ValueType::Decimal:
     case ValueType::Date: break;
   }
-  if (StyleTable::isText(cell.style)) return assignText(cell, toText(value));
+  if (styles.isText(cell.style)) return assignText(cell, toText(value));
   if (const bool* flag = value.as<bool>()) {
     cell.number = *flag;
     cell.kind = Cell::Kind::Boolean;

@@ -20,6 +20,8 @@ enum class Stay : std::uint8_t {
 };
 // Makes a file to read and to append to; kNoFile where it cannot be made or one is there.
 Handle create(const std::string& path, Stay stay, int& error);
+// Opens a file to read, with its size in bytes; kNoFile where there is none, or no file of that kind.
+Handle open(const std::string& path, std::uint64_t& size, int& error);
 bool isTaken(int error) noexcept;  // the name was not free
 int append(Handle file, std::string_view bytes) noexcept;
 int read(Handle file, std::uint64_t offset, char* bytes, std::size_t size, std::size_t& count) noexcept;

@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -15,10 +16,24 @@ int descriptorOf(Handle file) noexcept { return static_cast<int>(file); }
 }  // namespace
 
 Handle create(const std::string& path, Stay stay, int& error) {
-  const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   error = descriptor < 0 ? errno : 0;
   if (descriptor >= 0 && stay == Stay::Passing) unlink(path.c_str());
   return descriptor;
+}
+
+Handle open(const std::string& path, std::uint64_t& size, int& error) {
+  const int descriptor =
+      ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);  // a pipe would wait for ever
+  struct stat facts {};
+  error = descriptor < 0 || fstat(descriptor, &facts) != 0 ? errno : 0;
+  if (error == 0 && !S_ISREG(facts.st_mode)) error = S_ISDIR(facts.st_mode) ? EISDIR : EINVAL;
+  if (error == 0) {
+    size = static_cast<std::uint64_t>(facts.st_size);
+    return descriptor;
+  }
+  if (descriptor >= 0) ::close(descriptor);
+  return kNoFile;
 }
 
 bool isTaken(int error) noexcept { return error == EEXIST; }
@@ -65,6 +80,7 @@ ErrorNumber numberOf(int error) noexcept {
     case ENOENT:
     case ENOTDIR:
     case EISDIR:
+    case EINVAL:
     case ENAMETOOLONG:
     case ELOOP: return ErrorNumber::PathAccess;
     default: return ErrorNumber::DeviceIo;

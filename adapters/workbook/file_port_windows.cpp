@@ -24,6 +24,19 @@ Handle create(const std::string& path, Stay stay, int& error) {
   return reinterpret_cast<Handle>(made);  // the invalid one is -1, as kNoFile
 }
 
+Handle open(const std::string& path, std::uint64_t& size, int& error) {
+  const DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE opened = CreateFileW(pathOf(path).c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  LARGE_INTEGER bytes{};
+  const bool known = opened != INVALID_HANDLE_VALUE && GetFileSizeEx(opened, &bytes);
+  error = known ? 0 : lastError();
+  size = static_cast<std::uint64_t>(bytes.QuadPart);
+  if (known) return reinterpret_cast<Handle>(opened);
+  if (opened != INVALID_HANDLE_VALUE) CloseHandle(opened);
+  return kNoFile;
+}
+
 bool isTaken(int error) noexcept { return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS; }
 
 int append(Handle file, std::string_view bytes) noexcept {

@@ -48,6 +48,28 @@ int File::close() noexcept {
   return handle == port::kNoFile ? 0 : port::close(handle);
 }
 
+InputFile::InputFile(const std::string& path) : path_(path) {
+  int error = 0;
+  file_ = File(port::open(path, size_, error));
+  if (!file_.isOpen()) throwFileError("The file " + path + " cannot be read", error);
+}
+
+std::string InputFile::read(std::uint64_t offset, std::size_t size) const {
+  std::string bytes(size, '\0');
+  std::size_t done = 0;
+  while (done < size) {
+    std::size_t count = 0;
+    if (const int error =
+            port::read(file_.handle(), offset + done, bytes.data() + done, size - done, count)) {
+      throwFileError("The file " + path_ + " cannot be read", error);
+    }
+    if (count == 0) break;
+    done += count;
+  }
+  bytes.resize(done);
+  return bytes;
+}
+
 SpoolFile::SpoolFile(const std::string& folder) : folder_(folder), file_(openSpool(folder)) {}
 
 void SpoolFile::append(std::string_view bytes) {

@@ -37,6 +37,21 @@ class File {
   port::Handle handle_ = port::kNoFile;
 };
 
+// A file to read from.
+class InputFile {
+ public:
+  explicit InputFile(const std::string& path);  // Error 75 or 57 where it cannot be read
+
+  std::uint64_t size() const noexcept { return size_; }  // when it was opened
+  // Fewer than `size` bytes only at the file's end.
+  std::string read(std::uint64_t offset, std::size_t size) const;
+
+ private:
+  std::string path_;
+  File file_;
+  std::uint64_t size_ = 0;
+};
+
 // A working file in a folder; nothing remains of it however the program ends.
 class SpoolFile {
  public:

@@ -6,9 +6,9 @@
 namespace vmgv::workbook {
 namespace {
 
-constexpr std::uint32_t kElsewhere = 0xffffffff;   // the number stands in a 64-bit field
-constexpr std::uint16_t kNormal = 20, kWide = 45;  // versions: deflate, 64-bit fields
-constexpr std::uint16_t kDeflated = 8;
+constexpr std::uint32_t kElsewhere = 0xffffffff;          // the number stands in a 64-bit field
+constexpr std::uint16_t kNormal = 20, kWide = 45;         // versions: deflate, 64-bit fields
+constexpr std::uint16_t kUtf8 = 1u << 11;                 // of names
 constexpr std::uint32_t kFirstDay = 1u << 21 | 1u << 16;  // 1980-01-01 00:00, as the format begins to count
 
 class Record {
@@ -34,6 +34,8 @@ class Record {
   std::string bytes_;
 };
 
+std::uint16_t methodOf(bool deflated) { return deflated ? 8 : 0; }
+
 bool isLarge(std::uint64_t number) { return number >= kElsewhere; }
 
 }  // namespace
@@ -43,7 +45,29 @@ void Package::append(std::string_view bytes) {
   size_ += bytes.size();
 }
 
-void Package::add(const char* name, std::string_view text) {
+// An entry's own header.
+void Package::begin(const Entry& entry) {
+  const bool wide = isLarge(entry.textSize) || isLarge(entry.packedSize);
+  Record header(0x04034b50);
+  header.put16(wide ? kWide : kNormal)
+      .put16(kUtf8)
+      .put16(methodOf(entry.deflated))
+      .put32(kFirstDay)
+      .put32(entry.crc);
+  header.putShort(entry.packedSize, wide).putShort(entry.textSize, wide);
+  header.put16(entry.name.size()).put16(wide ? 20 : 0).putText(entry.name);
+  if (wide) header.put16(1).put16(16).put64(entry.textSize).put64(entry.packedSize);
+  append(header.bytes());
+}
+
+void Package::copy(const PackageReader& from, const PackagePart& part) {
+  Entry entry{part.name, part.deflated, part.crc, part.textSize, part.packedSize, size_};
+  begin(entry);
+  from.readPacked(part, [this](std::string_view bytes) { append(bytes); });
+  entries_.push_back(std::move(entry));
+}
+
+void Package::add(const std::string& name, std::string_view text) {
   PackedStream stream(".");
   stream.text().append(text);
   stream.end(Deflater::Then::End);
@@ -51,7 +75,7 @@ void Package::add(const char* name, std::string_view text) {
   add(name, streams);
 }
 
-void Package::add(const char* name, std::span<const PackedStream* const> streams) {
+void Package::add(const std::string& name, std::span<const PackedStream* const> streams) {
   Entry entry{.name = name, .offset = size_};
   for (const PackedStream* stream : streams) {
     entry.crc = static_cast<std::uint32_t>(
@@ -60,13 +84,7 @@ void Package::add(const char* name, std::span<const PackedStream* const> streams
     entry.packedSize += stream->packedSize();
   }
 
-  const bool wide = isLarge(entry.textSize) || isLarge(entry.packedSize);
-  Record header(0x04034b50);
-  header.put16(wide ? kWide : kNormal).put16(0).put16(kDeflated).put32(kFirstDay).put32(entry.crc);
-  header.putShort(entry.packedSize, wide).putShort(entry.textSize, wide);
-  header.put16(entry.name.size()).put16(wide ? 20 : 0).putText(entry.name);
-  if (wide) header.put16(1).put16(16).put64(entry.textSize).put64(entry.packedSize);
-  append(header.bytes());
+  begin(entry);
   for (const PackedStream* stream : streams) {
     stream->copyTo([this](std::string_view bytes) { append(bytes); });
   }
@@ -80,7 +98,12 @@ void Package::finish() {
     const std::uint16_t version = wide || far ? kWide : kNormal;
     const int fields = (wide ? 16 : 0) + (far ? 8 : 0);
     Record record(0x02014b50);
-    record.put16(version).put16(version).put16(0).put16(kDeflated).put32(kFirstDay).put32(entry.crc);
+    record.put16(version)
+        .put16(version)
+        .put16(kUtf8)
+        .put16(methodOf(entry.deflated))
+        .put32(kFirstDay)
+        .put32(entry.crc);
     record.putShort(entry.packedSize, wide).putShort(entry.textSize, wide);
     record.put16(entry.name.size()).put16(fields ? fields + 4 : 0);
     record.put16(0).put16(0).put16(0).put32(0);  // comment, disk, attributes

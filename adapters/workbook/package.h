@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "adapters/workbook/files.h"
+#include "adapters/workbook/package_reader.h"
 #include "adapters/workbook/packed_stream.h"
 
 namespace vmgv::workbook {
@@ -18,21 +19,24 @@ class Package {
  public:
   explicit Package(ReplacementFile& file) noexcept : file_(file) {}
 
-  // Names are ASCII.
-  void add(const char* name, std::string_view text);
+  void add(const std::string& name, std::string_view text);
   // One part made of several streams: all but the last ended on a boundary.
-  void add(const char* name, std::span<const PackedStream* const> streams);
+  void add(const std::string& name, std::span<const PackedStream* const> streams);
+  // A part of another container, its bytes as they are.
+  void copy(const PackageReader& from, const PackagePart& part);
   void finish();
 
  private:
   struct Entry {
-    std::string name;
+    std::string name;  // UTF-8
+    bool deflated = true;
     std::uint32_t crc = 0;
     std::uint64_t textSize = 0, packedSize = 0;
     std::uint64_t offset = 0;  // of its own header
   };
 
   void append(std::string_view bytes);
+  void begin(const Entry& entry);
 
   ReplacementFile& file_;
   std::vector<Entry> entries_;

@@ -18,8 +18,8 @@ void requireOneRow(const Area& area) {
 
 }  // namespace
 
-SheetStream::SheetStream(StyleTable& styles, const std::string& folder)
-    : styles_(styles), folder_(folder), rows_(folder) {
+SheetStream::SheetStream(StyleTable& styles, const std::string& folder, const SheetFrame* frame)
+    : styles_(styles), folder_(folder), frame_(frame), rows_(folder) {
   rows_.openFile();
 }
 
@@ -29,10 +29,11 @@ inline void SheetStream::reach(int row, int column) {
 
 inline Cell& SheetStream::cell(int row, int column) {
   reach(row, column);
-  Cell& cell = columns_[static_cast<std::size_t>(column) - 1].cell;
+  Column& own = columns_[static_cast<std::size_t>(column) - 1];
+  Cell& cell = own.cell;
   if (cell.row != row) {
     cell.row = row;
-    cell.style = 0;
+    cell.style = oldRow_ ? frame_->styleOf(&*oldRow_, column) : own.style;
     cell.kind = Cell::Kind::Blank;
     touched_.push_back(column);
   }
@@ -48,9 +49,37 @@ void SheetStream::advanceTo(int row, int column) {
   }
   if (row > row_) {
     completeRow();
-    row_ = row;
+    moveTo(row);
   }
   addColumns(column);
+}
+
+// A template's rows above this one have nothing but their formats.
+void SheetStream::moveTo(int row) {
+  row_ = row;
+  oldRow_.reset();
+  for (; frame_ && nextOldRow_ < frame_->rowCount(); ++nextOldRow_) {
+    const OldRow old = frame_->row(nextOldRow_);
+    if (old.number > row) return;
+    if (old.number == row) {
+      oldRow_ = old;
+    } else {
+      appendOldRow(old);
+    }
+  }
+}
+
+void SheetStream::touchOldCells() {
+  if (!oldRow_) return;
+  for (const OldCell& old : oldRow_->cells) cell(row_, old.column);
+}
+
+void SheetStream::noteHeaders() {
+  for (const int column : touched_) {
+    const Cell& cell = columns_[static_cast<std::size_t>(column) - 1].cell;
+    headers_.resize(static_cast<std::size_t>(column));
+    if (cell.kind == Cell::Kind::Text) headers_.back() = cell.text;
+  }
 }
 
 // No change is taken into a sheet that has lost rows.
@@ -66,6 +95,7 @@ void SheetStream::addColumns(int last) {
     column.cell.column = static_cast<int>(columns_.size());
     const std::string letters = columnLetters(column.cell.column);
     column.letterCount = static_cast<unsigned char>(letters.copy(column.letters.data(), letters.size()));
+    if (frame_) column.style = frame_->styleOf(nullptr, column.cell.column);
   }
 }
 
@@ -113,7 +143,7 @@ const std::string& SheetStream::numberFormat(const Area& area) const {
 
 bool SheetStream::wraps(const Area& area) const {
   const Cell* cell = find(area.top, area.left);
-  return cell && StyleTable::wraps(cell->style);
+  return cell && styles_.wraps(cell->style);
 }
 
 void SheetStream::merge(const Area& area) {

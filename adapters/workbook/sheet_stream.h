@@ -1,9 +1,11 @@
 // One worksheet, filled from top to bottom: only the current row is in memory, those above it are packed.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,6 +13,7 @@
 #include "adapters/workbook/cell.h"
 #include "adapters/workbook/package.h"
 #include "adapters/workbook/packed_stream.h"
+#include "adapters/workbook/sheet_frame.h"
 #include "adapters/workbook/styles.h"
 
 namespace vmgv::workbook {
@@ -20,8 +23,9 @@ namespace vmgv::workbook {
 // change that caused it.
 class SheetStream {
  public:
-  // Working files go into `folder`; Error where none can be made there.
-  SheetStream(StyleTable& styles, const std::string& folder);
+  // Working files go into `folder`; Error where none can be made there. With a frame it is a template's
+  // sheet, whose contents are gone and whose formats stay; the frame outlives the sheet.
+  SheetStream(StyleTable& styles, const std::string& folder, const SheetFrame* frame = nullptr);
 
   void setValue(const Area& area, const Value& value);
   Value value(const Area& area) const;
@@ -35,9 +39,14 @@ class SheetStream {
   // The columns get the width of their longest line when the sheet is complete.
   void autoFit(int firstColumn, int lastColumn);
 
-  // Completes the sheet, once; no change may follow.
-  void finish();
-  void writeTo(Package& package, const char* part) const;
+  // Completes the sheet, once; no change may follow. A template's sheet loses these tables.
+  void finish(std::span<const std::string> tablesGivenUp = {});
+  // Of what was put in since the sheet was made; complete once nothing more is changed.
+  Area written() const { return {1, 1, std::max(row_, 1), std::max(lastColumn_, 1)}; }
+  const std::vector<std::string>& headers() const noexcept { return headers_; }  // the texts in the first row
+  bool hasMerges() const noexcept { return merged_.has_value(); }
+  void completeRow();
+  void writeTo(Package& package, const std::string& part) const;
   std::int64_t rows() const noexcept { return rowCount_; }
 
  private:
@@ -45,8 +54,9 @@ class SheetStream {
     std::array<char, 3> letters{};
     unsigned char letterCount = 0;
     bool fitted = false;
-    int widest = 0;  // characters
-    Cell cell;       // of the current row where the cell's own row says so
+    int widest = 0;   // characters
+    Style style = 0;  // of a new cell
+    Cell cell;        // of the current row where the cell's own row says so
   };
 
   template <class Change>
@@ -56,15 +66,24 @@ class SheetStream {
   const Cell* find(int row, int column) const;
   void advanceTo(int row, int column);
   void addColumns(int last);
-  void completeRow();
+  void moveTo(int row);
+  void appendOldRow(const OldRow& row);
+  void touchOldCells();
+  void noteHeaders();
   char* encodeCell(char* out, Column& column, std::string_view rowDigits, bool merged);
   double rowHeight() const;  // 0 where programs may find it themselves
   bool isMerged(int column) const;
   std::string head() const;
+  std::vector<FittedColumn> fittedColumns() const;
   void requireWhole() const;
 
   StyleTable& styles_;
   std::string folder_;
+  const SheetFrame* frame_;
+  std::size_t nextOldRow_ = 0;    // of the frame's
+  std::optional<OldRow> oldRow_;  // where the current one has one
+  Area used_;                     // by old formats
+  std::vector<std::string> headers_;
   std::vector<Column> columns_;
   std::vector<int> touched_;  // columns of the current row's cells, in the order of their first change
   std::vector<Area> merges_;  // of the current row

@@ -17,6 +17,8 @@ constexpr int kWidestNumber = 12;     // programs show 11 characters and a sign,
 constexpr double kPadding = 1.71;     // a letter wider than a digit, and the cell's margin of 5 pixels in 7
 constexpr double kLineHeight = 15;    // points, of the default font
 constexpr double kMaxHeight = 409.5;  // points
+constexpr const char* kMergesStart =
+    "<mergeCells xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">";
 constexpr std::size_t kCellFrame = 96;  // bytes at most of a cell's XML around its text, or of a number's
 
 char* put(char* out, std::string_view text) {
@@ -29,7 +31,13 @@ bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 }  // namespace
 
 void SheetStream::completeRow() {
-  if (touched_.empty()) return;
+  if (touched_.empty()) {
+    if (oldRow_) appendOldRow(*oldRow_);
+    oldRow_.reset();
+    return;
+  }
+  const int lastWritten = *std::max_element(touched_.begin(), touched_.end());
+  if (frame_) touchOldCells();
   if (!std::is_sorted(touched_.begin(), touched_.end())) std::sort(touched_.begin(), touched_.end());
   char digits[16];
   const std::string_view rowDigits(
@@ -38,7 +46,11 @@ void SheetStream::completeRow() {
   Buffer& text = rows_.text();
   char* out = text.room(kCellFrame);
   out = put(put(put(out, "<row r=\""), rowDigits), "\"");
-  if (const double height = rowHeight(); height > 0) {
+  text.endAt(out);
+  if (oldRow_) text.append(oldRow_->attributes);
+  out = text.room(kCellFrame);
+  const bool hasHeight = oldRow_ && oldRow_->attributes.find(" ht=") != std::string_view::npos;
+  if (const double height = hasHeight ? 0 : rowHeight(); height > 0) {
     out = put(encodeNumber(put(out, " ht=\""), height), "\" customHeight=\"1\"");
   }
   *out++ = '>';
@@ -51,16 +63,35 @@ void SheetStream::completeRow() {
   }
   text.append("</row>");
 
-  lastColumn_ = std::max(lastColumn_, touched_.back());
+  lastColumn_ = std::max(lastColumn_, lastWritten);
+  used_.right = std::max(used_.right, touched_.back());
+  if (frame_ && row_ == 1) noteHeaders();
   for (const Area& area : merges_) {
     lastColumn_ = std::max(lastColumn_, area.right);
-    if (!merged_) merged_.emplace(folder_).text().append("<mergeCells>");
+    if (!merged_) merged_.emplace(folder_).text().append(kMergesStart);
     merged_->text().append("<mergeCell ref=\"" + areaName(area) + "\"/>");
     merged_->settle();
   }
   ++rowCount_;
+  oldRow_.reset();
   touched_.clear();
   merges_.clear();
+  rows_.settle();
+}
+
+void SheetStream::appendOldRow(const OldRow& row) {
+  Buffer& text = rows_.text();
+  const std::string number = std::to_string(row.number);
+  text.append("<row r=\"" + number + '"');
+  text.append(row.attributes);
+  text.append(">");
+  for (const OldCell& cell : row.cells) {
+    text.append("<c r=\"" + columnLetters(cell.column) + number + "\" s=\"" + std::to_string(cell.format) +
+                "\"/>");
+  }
+  text.append("</row>");
+  if (!row.cells.empty()) used_.right = std::max<int>(used_.right, row.cells.back().column);
+  used_.bottom = row.number;
   rows_.settle();
 }
 
@@ -68,7 +99,8 @@ char* SheetStream::encodeCell(char* out, Column& column, std::string_view rowDig
   const Cell& cell = column.cell;
   if (cell.kind == Cell::Kind::Blank && cell.style == 0) return out;
   out = put(put(put(out, "<c r=\""), {column.letters.data(), column.letterCount}), rowDigits);
-  if (cell.style != 0) out = std::to_chars(put(out, "\" s=\""), out + kCellFrame, cell.style).ptr;
+  if (cell.style != 0)
+    out = std::to_chars(put(out, "\" s=\""), out + kCellFrame, styles_.number(cell.style)).ptr;
 
   int width = 0;  // characters
   switch (cell.kind) {
@@ -113,7 +145,7 @@ double SheetStream::rowHeight() const {
   int lines = 0;
   for (const Area& area : merges_) {
     const Cell& first = columns_[static_cast<std::size_t>(area.left) - 1].cell;
-    if (first.kind != Cell::Kind::Text || !StyleTable::wraps(first.style)) continue;
+    if (first.kind != Cell::Kind::Text || !styles_.wraps(first.style)) continue;
     double width = 0;
     for (int column = area.left; column <= area.right; ++column) {
       const int widest = columns_[static_cast<std::size_t>(column) - 1].widest;
@@ -124,44 +156,58 @@ double SheetStream::rowHeight() const {
   return std::min(lines * kLineHeight, kMaxHeight);
 }
 
-std::string SheetStream::head() const {
-  std::string xml(kXmlHead);
-  xml += "<worksheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><dimension ref=\"" +
-         areaName({1, 1, std::max(row_, 1), std::max(lastColumn_, 1)}) +
-         "\"/><sheetViews><sheetView tabSelected=\"1\" workbookViewId=\"0\"/></sheetViews>"
-         "<sheetFormatPr defaultRowHeight=\"15\"/>";
-  std::string cols;
+std::vector<FittedColumn> SheetStream::fittedColumns() const {
+  std::vector<FittedColumn> fitted;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (!columns_[i].fitted || columns_[i].widest == 0) continue;
-    const std::string number = std::to_string(i + 1);
-    char width[32];
-    char* const end = encodeNumber(width, std::min(columns_[i].widest, kWidest) + kPadding);
-    cols.append("<col min=\"").append(number).append("\" max=\"").append(number).append("\" width=\"");
-    cols.append(width, end).append("\" bestFit=\"1\" customWidth=\"1\"/>");
+    fitted.push_back({static_cast<int>(i + 1), std::min(columns_[i].widest, kWidest) + kPadding});
   }
-  if (!cols.empty()) xml += "<cols>" + cols + "</cols>";
-  return xml + "<sheetData>";
+  return fitted;
 }
 
-void SheetStream::finish() {
+std::string SheetStream::head() const {
+  const std::vector<FittedColumn> fitted = fittedColumns();
+  const Area written = this->written();
+  if (frame_) {
+    return frame_->head({1, 1, std::max(written.bottom, used_.bottom), std::max(written.right, used_.right)},
+                        fitted);
+  }
+  return std::string(kXmlHead) +
+         "<worksheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><dimension ref=\"" +
+         areaName(written) +
+         "\"/><sheetViews><sheetView tabSelected=\"1\" workbookViewId=\"0\"/></sheetViews>"
+         "<sheetFormatPr defaultRowHeight=\"15\"/>" +
+         SheetColumns().xml(fitted) + "<sheetData>";
+}
+
+void SheetStream::finish(std::span<const std::string> tablesGivenUp) {
   if (tail_) return;
   requireWhole();
   completeRow();
+  const Area written = this->written();
+  if (frame_) moveTo(kMaxRows + 1);  // the old rows below
   rows_.text().append("</sheetData>");
+  if (frame_) rows_.text().append(frame_->middle(written));
   rows_.end(Deflater::Then::Boundary);
+  for (const std::string& kept : frame_ ? frame_->keptMerges(written) : std::vector<std::string>()) {
+    if (!merged_) merged_.emplace(folder_).text().append(kMergesStart);
+    merged_->text().append("<mergeCell ref=\"" + kept + "\"/>");
+  }
   if (merged_) {
     merged_->text().append("</mergeCells>");
     merged_->end(Deflater::Then::Boundary);
   }
+  row_ = written.bottom;
   head_.emplace(folder_).text().append(head());
   head_->end(Deflater::Then::Boundary);
   tail_.emplace(folder_).text().append(
-      "<pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" footer=\"0.3\"/>"
-      "</worksheet>");
+      frame_ ? frame_->tail(tablesGivenUp)
+             : "<pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" "
+               "footer=\"0.3\"/></worksheet>");
   tail_->end(Deflater::Then::End);
 }
 
-void SheetStream::writeTo(Package& package, const char* part) const {
+void SheetStream::writeTo(Package& package, const std::string& part) const {
   std::vector<const PackedStream*> streams{&*head_, &rows_};
   if (merged_) streams.push_back(&*merged_);
   streams.push_back(&*tail_);

@@ -18,6 +18,7 @@ constexpr std::size_t kBuiltIns = std::size(kBuiltIn);
 constexpr int kFirstCustomId = 164;
 
 constexpr std::size_t kMaxFormats = 32000;  // two styles each: a workbook has at most 64,000
+constexpr std::uint32_t kMaxStyles = 64000;
 constexpr std::size_t kMaxCode = 255;
 
 }  // namespace
@@ -26,9 +27,41 @@ StyleTable::StyleTable() {
   for (const BuiltIn& format : kBuiltIn) place(format.code);
 }
 
+StyleTable::StyleTable(std::vector<BaseStyle> bases) : StyleTable() { bases_ = std::move(bases); }
+
 Style StyleTable::withFormat(Style style, std::string_view code) {
   if (codes_[last_] != code) last_ = place(code);
-  return static_cast<Style>(2 * last_ + (style & 1));
+  if (isTemplate() && bases_[baseOf(style)].code == code) return style & ~0xFFFEu;
+  return (style & ~0xFFFEu) | 2u * last_;
+}
+
+std::uint32_t StyleTable::numberInTemplate(Style style) {
+  if ((style & 0xFFFF) == 0) return baseOf(style);
+  const auto next = static_cast<std::uint32_t>(bases_.size() + derived_.size());
+  const auto [found, isNew] = numbers_.try_emplace(style, next);
+  if (!isNew) return found->second;
+  if (next == kMaxStyles) {
+    numbers_.erase(found);
+    throw Error(ErrorNumber::Application, "The workbook has no room for another cell format");
+  }
+  derived_.push_back(style);
+  return next;
+}
+
+std::vector<std::string> StyleTable::customCodes() const {
+  return {codes_.begin() + static_cast<std::ptrdiff_t>(kBuiltIns), codes_.end()};
+}
+
+int StyleTable::numberFormatId(Style style, int firstFree) const {
+  const std::size_t at = (style & 0xFFFF) / 2;
+  return at < kBuiltIns ? kBuiltIn[at].id : firstFree + static_cast<int>(at - kBuiltIns);
+}
+
+std::string StyleTable::builtInCode(int id) {
+  for (const BuiltIn& format : kBuiltIn) {
+    if (format.id == id) return std::string(format.code);
+  }
+  return "number format " + std::to_string(id);
 }
 
 std::uint16_t StyleTable::place(std::string_view code) {

@@ -16,6 +16,7 @@ class Workbook final : public Exposed<Workbook> {
   Book& book() const noexcept { return *book_; }
   ObjectRef activeSheet() const { return book_->isOpen() ? sheet_ : ObjectRef(); }
   ObjectRef sheets() const;
+  ObjectRef pivotCaches() const;
 
  private:
   Value close(Args args);
