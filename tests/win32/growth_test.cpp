@@ -16,7 +16,7 @@ TEST(Growth, FiveHundredOpeningsLeaveNothing) {
   control.putRef("Grid", makeGridObject(engine));
   LinkedUser hands(*test::entry<ScriptLinkExport>(GetModuleHandleW(L"vmGridViews.dll"), kScriptLinkExport)());
   for (const char* method :
-       {"ShowSort", "ShowGroups", "ShowItems", "ShowGeneral", "ShowExcel", "ShowSummary"}) {
+       {"ShowSort", "ShowGroups", "ShowItems", "ShowGeneral", "ShowFormat", "ShowExcel", "ShowSummary"}) {
     const auto open = [&](int times) {
       for (int i = 0; i < times; ++i) {
         Steps user(hands, {[&] { hands.press(*hands.focused(), Key::Tab, 0); },
