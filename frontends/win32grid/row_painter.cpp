@@ -8,6 +8,7 @@ namespace vmgv {
 namespace {
 
 constexpr int kAlternateShare = 8, kRuleShare = 20, kIdleShare = 25, kPreviewShare = 75;  // percent
+constexpr std::size_t kMostPreview = 32'768;  // bytes of a text that are looked at
 
 UINT textFormat(Alignment alignment) {
   switch (alignment) {
@@ -125,7 +126,8 @@ void RowPainter::preview(const RECT& room, const DisplayRow& row, HFONT font, CO
   RECT text{room.left - shift_ + 2 * padding, room.top, room.right - padding, room.top};
   text.bottom += model_.engine->previewLines() * model_.look->textHeight();
   const COLORREF before = SetTextColor(context_, ink);
-  write(context_, wide(model_.engine->previewText(row)), text, kManyLines);
+  const std::string shown = model_.engine->previewText(row);
+  write(context_, wide(std::string_view(shown).substr(0, kMostPreview)), text, kManyLines);
   SetTextColor(context_, before);
 }
 
