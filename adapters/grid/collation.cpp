@@ -30,6 +30,10 @@ constexpr std::array<Letter, 128> kAscii = [] {
   return letters;
 }();
 
+bool isAscii(char c) { return static_cast<signed char>(c) >= 0; }
+
+char weightOf(char ascii) { return static_cast<char>(kAscii[static_cast<unsigned char>(ascii)].weight); }
+
 struct Expansion {
   char32_t character;
   const char* letters;
@@ -78,7 +82,7 @@ struct Levels {
   // The ASCII letters at the start of `text`.
   std::size_t addAscii(std::string_view text) {
     std::size_t length = 0;
-    while (length < text.size() && static_cast<signed char>(text[length]) >= 0) ++length;
+    while (length < text.size() && isAscii(text[length])) ++length;
     const std::size_t start = primary.size();
     primary.resize(start + length);
     for (std::size_t i = 0; i < length; ++i) {
@@ -239,19 +243,17 @@ void appendFoldedText(std::string_view text, std::string& folded) {
   const std::size_t before = folded.size();
   folded.resize(before + kMostFolded * text.size());
   char* out = folded.data() + before;
-  while (!text.empty()) {
-    const auto byte = static_cast<unsigned char>(text.front());
-    if (byte < kAscii.size()) {
-      *out++ = static_cast<char>(kAscii[byte].weight);
-      text.remove_prefix(1);
-      continue;
-    }
+  for (;;) {
+    std::size_t ascii = 0;
+    for (; ascii < text.size() && isAscii(text[ascii]); ++ascii) *out++ = weightOf(text[ascii]);
+    text.remove_prefix(ascii);
+    if (text.empty()) break;
     const char32_t c = takeCharacter(text);
     if (isCombining(c)) continue;
     if (const Letter letter = letterOf(c); letter.weight != 0) {
       *out++ = static_cast<char>(letter.weight);
     } else if (const char* parts = expansionOf(c)) {
-      for (; *parts; ++parts) *out++ = static_cast<char>(kAscii[static_cast<unsigned char>(*parts)].weight);
+      for (; *parts; ++parts) *out++ = weightOf(*parts);
     } else {
       out = putOther(c, out);
     }

@@ -1,8 +1,12 @@
 #include "adapters/grid/comparison.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <numeric>
 
 #include "adapters/grid/collation.h"
 #include "adapters/grid/field_text.h"
@@ -28,7 +32,7 @@ enum Operator : std::int16_t {
 
 constexpr double kHalfSecond = 0.5 / 86400;  // days
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr const char* kBehindAllTexts = "\x7F\x7F";  // of folded ones
+constexpr const char* kBehindAllTexts = "\xFF";  // of folded ones, which begin with a byte below 0x80
 
 bool hasTwoOperands(const FormatCondition& condition) {
   return condition.op == kBetween || condition.op == kNotBetween;
@@ -64,13 +68,21 @@ std::optional<Range<T>> rangeOf(const FormatCondition& condition, EndsOf endsOf,
   return rangeOf(condition.op, *first, *second, least, most);
 }
 
+// What lies behind an end is an interval as well, and that is found faster.
+std::optional<Range<double>> inside(std::optional<Range<double>> range) {
+  if (!range || !range->outside) return range;
+  if (range->low == -kInfinity) return Range<double>{std::nextafter(range->high, kInfinity), kInfinity};
+  if (range->high == kInfinity) return Range<double>{-kInfinity, std::nextafter(range->low, -kInfinity)};
+  return range;
+}
+
 bool isAbsent(const Value& operand) { return operand.isNull() || operand.isMissing() || operand.isObject(); }
 
 std::optional<double> numberOf(const Value& operand) {
   if (isAbsent(operand) || operand.isEmpty()) return {};
   if (operand.isText()) return numberFromTyped(operand.text());
   const double number = toDouble(operand);
-  if (std::isnan(number)) return {};
+  if (!std::isfinite(number)) return {};
   return number;
 }
 
@@ -98,6 +110,7 @@ std::optional<Ends<double>> flagEnds(const Value& operand) {
 
 // A date as a number that grows with time; before day 0 the fraction of an automation date counts backwards.
 double momentOf(double days) {
+  if (days >= 0) return days;
   const double day = std::trunc(days);
   return day + std::fabs(days - day);
 }
@@ -133,6 +146,21 @@ std::string folded(std::string_view text) {
   return key;
 }
 
+using Signs = std::array<std::uint8_t, RecordSet::kBits>;  // 0 or 1 each
+
+// A bit for each sign. The product gathers the lowest bits of eight bytes, the first one lowest, in its
+// highest byte.
+std::uint64_t packed(const Signs& signs) {
+  static_assert(std::endian::native == std::endian::little);
+  std::uint64_t bits = 0;
+  for (std::size_t at = 0; at < signs.size(); at += 8) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, &signs[at], sizeof eight);
+    bits |= (eight * 0x0102040810204080u >> 56) << at;
+  }
+  return bits;
+}
+
 }  // namespace
 
 void CellText::show(std::uint32_t record) {
@@ -145,6 +173,13 @@ void CellText::show(std::uint32_t record) {
     made_ = shownText(column_->value(record), list_);
     text_ = made_;
   }
+}
+
+std::size_t RecordSet::count() const {
+  return std::accumulate(words_.begin(), words_.end(), std::size_t{0},
+                         [](std::size_t sum, std::uint64_t word) {
+                           return sum + static_cast<std::size_t>(std::popcount(word));
+                         });
 }
 
 std::string_view CellText::folded() {
@@ -168,7 +203,7 @@ Comparison::Comparison(const FormatCondition& condition, const ColumnData& colum
 }
 
 void Comparison::compareNumbers(const FormatCondition& condition) {
-  const auto numbers = [&] { return rangeOf(condition, numberEnds, -kInfinity, kInfinity); };
+  const auto range = [&](auto endsOf) { return inside(rangeOf(condition, endsOf, -kInfinity, kInfinity)); };
   constexpr auto kLeast = std::numeric_limits<std::int64_t>::min();
   constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
   switch (column_->type()) {
@@ -176,13 +211,11 @@ void Comparison::compareNumbers(const FormatCondition& condition) {
     case ColumnType::Text: return;
     case ColumnType::Whole:
       if (column_->isWide()) take(Kind::Wide, wide_, rangeOf(condition, wideEnds, kLeast, kMost));
-      if (kind_ == Kind::Nothing) take(Kind::Whole, number_, numbers());
+      if (kind_ == Kind::Nothing) take(Kind::Whole, number_, range(numberEnds));
       return;
-    case ColumnType::Number: return take(Kind::Number, number_, numbers());
-    case ColumnType::Date:
-      return take(Kind::Date, number_, rangeOf(condition, dateEnds, -kInfinity, kInfinity));
-    case ColumnType::Boolean:
-      return take(Kind::Boolean, number_, rangeOf(condition, flagEnds, -kInfinity, kInfinity));
+    case ColumnType::Number: return take(Kind::Number, number_, range(numberEnds));
+    case ColumnType::Date: return take(Kind::Date, number_, range(dateEnds));
+    case ColumnType::Boolean: return take(Kind::Boolean, number_, range(flagEnds));
   }
 }
 
@@ -232,19 +265,30 @@ bool Comparison::textMatches(CellText& cell) const {
 // at is its own, so that a loop over all values need not fetch it anew behind each result.
 template <class Use>
 auto Comparison::withTest(Use use) const {
-  const auto inRange = [range = number_](auto value) { return range.holds(static_cast<double>(value)); };
+  const auto test = [&](const auto& values, auto numberOf) {
+    if (number_.outside) {
+      return use(values, [range = number_, numberOf](auto value) {
+        const double number = numberOf(value);
+        return !std::isnan(number) && range.holds(number);
+      });
+    }
+    return use(values, [low = number_.low, high = number_.high, numberOf](auto value) {
+      const double number = numberOf(value);
+      return static_cast<bool>((low <= number) & (number <= high));  // no jump that may be guessed wrong
+    });
+  };
+  const auto asDouble = [](auto value) { return static_cast<double>(value); };
   switch (kind_) {
     case Kind::Wide: return use(column_->wide(), [range = wide_](auto value) { return range.holds(value); });
-    case Kind::Number:
-      return use(column_->numbers(), [=](double value) { return inRange(value) && value == value; });
-    case Kind::Date: return use(column_->numbers(), [=](double days) { return inRange(momentOf(days)); });
-    case Kind::Boolean: return use(column_->flags(), inRange);
+    case Kind::Number: return test(column_->numbers(), asDouble);
+    case Kind::Date: return test(column_->numbers(), momentOf);
+    case Kind::Boolean: return test(column_->flags(), asDouble);
     case Kind::Nothing:
     case Kind::Text:
     case Kind::Contains:
     case Kind::Whole: break;
   }
-  return column_->isWide() ? use(column_->wide(), inRange) : use(column_->narrow(), inRange);
+  return column_->isWide() ? test(column_->wide(), asDouble) : test(column_->narrow(), asDouble);
 }
 
 bool Comparison::isText() const { return kind_ == Kind::Text || kind_ == Kind::Contains; }
@@ -257,36 +301,42 @@ bool Comparison::matches(std::uint32_t record, CellText& cell) const {
   return textMatches(cell);
 }
 
-std::vector<std::uint8_t> Comparison::matchingRecords(CellText& cell) const {
-  std::vector<std::uint8_t> matching(column_ ? column_->size() : 0);
+RecordSet Comparison::matchingRecords(CellText& cell) const {
+  const std::size_t count = column_ ? column_->size() : 0;
+  RecordSet matching(count);
   if (kind_ == Kind::Nothing) return matching;
   if (isText()) {
     findTexts(cell, matching);
     return matching;
   }
   withTest([&](const auto& values, auto test) {
-    std::transform(values.begin(), values.end(), matching.begin(),
-                   [=](auto value) { return static_cast<std::uint8_t>(test(value)); });
+    auto value = values.begin();
+    for (std::uint64_t& word : matching.words()) {
+      Signs signs{};
+      const auto size = std::min(signs.size(), static_cast<std::size_t>(values.end() - value));
+      for (std::size_t i = 0; i < size; ++i) signs[i] = test(*value++) ? 1 : 0;
+      word = packed(signs);
+    }
   });
   if (!column_->hasNulls()) return matching;
-  for (std::uint32_t record = 0; record < matching.size(); ++record) {
-    if (column_->isNull(record)) matching[record] = 0;
+  for (std::uint32_t record = 0; record < count; ++record) {
+    if (column_->isNull(record)) matching.remove(record);
   }
   return matching;
 }
 
 // A text that many records have is looked at once.
-void Comparison::findTexts(CellText& cell, std::vector<std::uint8_t>& matching) const {
+void Comparison::findTexts(CellText& cell, RecordSet& matching) const {
   const auto& codes = column_->codes();
-  enum : std::uint8_t { kNo, kYes, kUnknown };
-  std::vector<std::uint8_t> verdicts(column_->texts().size(), kUnknown);
-  for (std::uint32_t record = 0; record < matching.size(); ++record) {
+  enum : std::uint8_t { kUnknown, kNo, kYes };
+  std::vector<std::uint8_t> verdicts(column_->texts().size());
+  for (std::uint32_t record = 0; record < column_->size(); ++record) {
     if (codes.empty()) {
-      matching[record] = matches(record, cell) ? kYes : kNo;
+      matching.add(record, matches(record, cell));
     } else if (codes[record] != kNullText) {
       std::uint8_t& verdict = verdicts[codes[record]];
       if (verdict == kUnknown) verdict = matches(record, cell) ? kYes : kNo;
-      matching[record] = verdict;
+      matching.add(record, verdict == kYes);
     }
   }
 }

@@ -12,6 +12,7 @@
 // match, whatever the operator; nor does a condition whose operands mean nothing for its column.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -52,6 +53,25 @@ struct Range {
   }
 };
 
+// Some of the records, a bit for each: fresh memory costs more than comparing numbers.
+class RecordSet {
+ public:
+  static constexpr std::size_t kBits = 64;  // of a word
+
+  explicit RecordSet(std::size_t records) : words_((records + kBits - 1) / kBits) {}
+
+  bool has(std::uint32_t record) const { return (words_[record / kBits] >> record % kBits & 1) != 0; }
+  void add(std::uint32_t record, bool really) {  // without a jump that may be guessed wrong
+    words_[record / kBits] |= std::uint64_t{really} << record % kBits;
+  }
+  void remove(std::uint32_t record) { words_[record / kBits] &= ~(std::uint64_t{1} << record % kBits); }
+  std::size_t count() const;
+  std::vector<std::uint64_t>& words() noexcept { return words_; }
+
+ private:
+  std::vector<std::uint64_t> words_;
+};
+
 class Comparison {
  public:
   Comparison() = default;  // matches nothing
@@ -60,8 +80,8 @@ class Comparison {
 
   // `cell` is one of the same column.
   bool matches(std::uint32_t record, CellText& cell) const;
-  // Of all records at once: 1 for each that matches, else 0.
-  std::vector<std::uint8_t> matchingRecords(CellText& cell) const;
+  // A look at all records.
+  RecordSet matchingRecords(CellText& cell) const;
 
  private:
   enum class Kind : std::uint8_t { Nothing, Wide, Whole, Number, Date, Boolean, Text, Contains };
@@ -75,7 +95,7 @@ class Comparison {
   bool textMatches(CellText& cell) const;
   template <class Use>
   auto withTest(Use use) const;
-  void findTexts(CellText& cell, std::vector<std::uint8_t>& matching) const;
+  void findTexts(CellText& cell, RecordSet& matching) const;
 
   const ColumnData* column_ = nullptr;
   Kind kind_ = Kind::Nothing;

@@ -131,8 +131,8 @@ class GridEngine {
   RowReasons reasonsOf(const DisplayRow& row) const;  // none but for records
   // Of each family that a row may have, the largest font.
   std::vector<GridFont> largestFonts() const;
-  // A look at all records: 1 for those that match the condition (from 0), in the source's order.
-  std::vector<std::uint8_t> matchingRecords(std::size_t condition) const;
+  // A look at all records for those that the condition matches, which counts from 0.
+  RecordSet matchingRecords(std::size_t condition) const;
 
   // Display settings
   const GridSettings& settings() const noexcept { return settings_; }

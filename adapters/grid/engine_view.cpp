@@ -78,7 +78,7 @@ std::vector<GridFont> GridEngine::largestFonts() const {
   return fonts;
 }
 
-std::vector<std::uint8_t> GridEngine::matchingRecords(std::size_t condition) const {
+RecordSet GridEngine::matchingRecords(std::size_t condition) const {
   return styles().matchingRecords(condition);
 }
 

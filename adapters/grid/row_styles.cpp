@@ -102,7 +102,7 @@ RowReasons RowStyles::reasonsOf(std::uint32_t record) {
   return reasons;
 }
 
-std::vector<std::uint8_t> RowStyles::matchingRecords(std::size_t condition) {
+RecordSet RowStyles::matchingRecords(std::size_t condition) {
   return rules_[condition].comparison.matchingRecords(cells_[rules_[condition].column]);
 }
 

@@ -59,8 +59,7 @@ class RowStyles {
   const RowStyle& styleOf(std::uint32_t record, std::uint32_t ordinal);
   const RowStyle& ofGrid() const noexcept { return own_; }
   RowReasons reasonsOf(std::uint32_t record);
-  // Of all records: 1 for those that the condition matches.
-  std::vector<std::uint8_t> matchingRecords(std::size_t condition);
+  RecordSet matchingRecords(std::size_t condition);
 
  private:
   struct Rule {

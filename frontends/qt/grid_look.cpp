@@ -29,6 +29,8 @@ QPalette::ColorRole roleOf(std::int32_t systemColor) {
   }
 }
 
+bool isDark(const QColor& color) { return qGray(color.rgb()) < 128; }
+
 QColor mixed(const QColor& color, const QColor& other, double share) {
   const auto part = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
   return {part(color.red(), other.red()), part(color.green(), other.green()),
@@ -65,6 +67,8 @@ QColor GridLook::colorOf(std::int32_t color) const {
 }
 
 QColor GridLook::back(const RowStyle& style) const {
+  const bool plain = isSystemColor(style.backColor) && !isSystemColor(style.foreColor);
+  if (plain && isDark(base_) && isDark(colorOf(style.foreColor))) return colorOf(inkOn(style.foreColor));
   if (style.alternate) return alternate_;
   return style.backColor == backColor_ ? base_ : colorOf(style.backColor);
 }

@@ -20,8 +20,8 @@ class GridLook {
 
   QColor base() const { return base_; }  // behind rows, and where there are none
   QColor text() const { return view_.palette().color(QPalette::Text); }  // that the widget draws with
-  QColor back(const RowStyle& style) const;
-  QColor ink(const RowStyle& style) const;  // what can be read, where the style sets the other colour alone
+  QColor back(const RowStyle& style) const;  // paper for a colour of the text that a dark palette would hide
+  QColor ink(const RowStyle& style) const;   // what can be read, where the style sets the other colour alone
   const QFont& font(const RowStyle& style) const;
   bool hasOwnFont(const RowStyle& style) const { return style.font != font_; }
 

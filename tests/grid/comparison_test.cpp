@@ -16,7 +16,7 @@ std::string matches(const GridEngine& engine) {
   const auto all = engine.matchingRecords(0);
   for (std::int32_t row = 1; row <= engine.rowCount(); ++row) {
     const bool alone = !engine.reasonsOf(engine.displayRow(row)).matching.empty();
-    EXPECT_EQ(alone, all[engine.displayRow(row).record] == 1) << row;
+    EXPECT_EQ(alone, all.has(engine.displayRow(row).record)) << row;
     signs += alone ? '1' : '.';
   }
   return signs;
@@ -93,6 +93,12 @@ TEST(Comparison, HoldsForEveryOperatorOnEveryType) {
       {"the empty text", texts, Value(), "ΒΟΛΟΣ",
        ".....1.. 11111.1. 11111.1. ........ 1111111. "
        ".....1.. 1111111. ........ 1111111. ........"},
+      {"letters of other languages",
+       {"Я", "a", Null{}},
+       "β",
+       "ω",
+       "... 11. 1.. .1. 1.. "
+       ".1. ... 11. ... 11."},
       {"Null", texts, Null{}, "x",
        "........ ........ ........ ........ ........ "
        "........ ........ ........ ........ ........"},

@@ -1,4 +1,4 @@
-// Format conditions through the contract.
+// Format conditions: through the contract, and what they make of rows.
 #include "fixture.h"
 
 namespace vmgv {
@@ -55,6 +55,72 @@ TEST(Conditions, StylesFollowTheGridWhereNotSet) {
     m.owner.put(m.member, m.third);
     EXPECT_EQ(style.get(m.ofStyle), m.third) << m.ofStyle;
   }
+}
+
+TEST(Conditions, LaterOnesWinAttributeByAttributeAndFollowEveryChange) {
+  const auto engine = engineOf({{"a"}, {"b"}}, {{1, "x"}, {2, "y"}, {3, "x"}});
+  const auto add = [&](const char* name, std::int32_t column, const Value& value, FormatStyle style) {
+    return engine->addCondition({name, column, 0, value, {}, std::move(style)});
+  };
+  FormatStyle red, redBold, big;
+  red.backColor = redBold.backColor = 0x0000FF;
+  redBold.fontBold = true;
+  big.fontSize = 20;
+  big.backColor = 0x00FF00;
+  add("first", 2, "X", redBold);
+  const ConditionHandle second = add("second", 1, 3, big);
+  add("idle", 1, 3, {});
+  engine->changeSettings([](GridSettings& settings) { settings.useEvenOddColor = true; });
+  const auto style = [&](std::int32_t row) { return engine->styleOf(engine->displayRow(row)); };
+  EXPECT_TRUE(style(1).backColor == 0x0000FF && style(1).font.bold && style(1).font.size == 9);
+  EXPECT_TRUE(style(2).alternate && style(2).backColor == kWindowColor);
+  EXPECT_TRUE(style(3).backColor == 0x00FF00 && style(3).font.bold && style(3).font.size == 20);
+  const RowReasons reasons = engine->reasonsOf(engine->displayRow(3));
+  ASSERT_EQ(reasons.matching.size(), 3u);
+  EXPECT_EQ(reasons.winner[static_cast<std::size_t>(StyleAttribute::BackColor)], 1u);
+  EXPECT_EQ(reasons.winner[static_cast<std::size_t>(StyleAttribute::FontBold)], 0u);
+  EXPECT_FALSE(reasons.winner[static_cast<std::size_t>(StyleAttribute::ForeColor)]);
+
+  engine->changeCondition(second, [](FormatCondition& own) { own.value1 = "2"; });
+  EXPECT_TRUE(style(2).backColor == 0x00FF00 && !style(2).alternate);
+  EXPECT_EQ(style(3).backColor, 0x0000FF);
+  auto names = std::make_shared<ValueList>();
+  names->items = {{Value(1), "two"}, {Value(2), "2"}, {Value(3), "Two"}};
+  engine->changeCondition(second, [](FormatCondition& own) { own.value1 = 3; });
+  engine->setValueList(1, names);
+  EXPECT_TRUE(style(1).font.size == 20 && style(2).font.size == 9) << "as the texts that the column shows";
+  MemorySource texts({{"a", "", ColumnType::Text}, {"b"}}, {{"TWO", "x"}});
+  engine->setValueList(1, nullptr);
+  engine->load(texts);
+  engine->changeCondition(second, [](FormatCondition& own) { own.value1 = "two"; });
+  EXPECT_EQ(style(1).font.size, 20) << "the column holds texts now";
+  engine->removeCondition("second");
+  EXPECT_TRUE(style(1).font.size == 9 && style(1).backColor == 0x0000FF);
+  engine->undo();
+  EXPECT_EQ(style(1).font.size, 20);
+}
+
+TEST(Conditions, MayBeManyAndMayHaveLostTheirColumn) {
+  const auto engine = engineOf({{"a"}}, {{1}, {77}});
+  for (int i = 0; i < 10000; ++i) {
+    FormatStyle style;
+    style.backColor = i;
+    engine->addCondition({"condition " + std::to_string(i), 1, kLastOperator, i, {}, style});
+  }
+  EXPECT_EQ(engine->styleOf(engine->displayRow(1)).backColor, 9999);
+  EXPECT_EQ(engine->reasonsOf(engine->displayRow(2)).matching.size(), 9998u) << "7 and 77 are in 77";
+  engine->removeCondition("condition 9999");
+  EXPECT_EQ(engine->styleOf(engine->displayRow(1)).backColor, 9998);
+  engine->undo();
+  EXPECT_EQ(engine->conditions().size(), 10000u);
+
+  RowStyles styles;
+  const ConditionHandle lost = std::make_shared<SharedCondition>(FormatCondition{"x", 3, 1, 0, {}, {}});
+  const std::vector<ColumnData> data(1);
+  const std::vector<GridColumn> columns(1);
+  styles.follow({}, std::span(&lost, 1), columns, data);
+  EXPECT_TRUE(styles.reasonsOf(0).matching.empty());
+  EXPECT_EQ(styles.matchingRecords(0).count(), 0u);
 }
 
 }  // namespace
