@@ -23,7 +23,7 @@ ConditionHandle GridEngine::addCondition(FormatCondition condition) {
   }
   checkedIndex(condition.colIndex);
   conditions_.push_back(std::make_shared<SharedCondition>(std::move(condition)));
-  const ConditionHandle added = conditions_.back();
+  ConditionHandle added = conditions_.back();
   changed(kAppearance);
   return added;
 }

@@ -64,9 +64,9 @@ class RowStyles {
  private:
   struct Rule {
     SharedCondition condition;
-    std::size_t column;  // from 0
+    std::size_t column = 0;  // from 0
     Comparison comparison;
-    unsigned sets;  // a bit for each attribute
+    unsigned sets = 0;  // a bit for each attribute
   };
 
   static Rule compiled(const SharedCondition& condition, std::span<const GridColumn> columns,
