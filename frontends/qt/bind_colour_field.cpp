@@ -16,7 +16,7 @@ constexpr int kLetters = 12;  // the field's least width
 class ColourButton final : public QPushButton {
  public:
   using QPushButton::QPushButton;
-  QColor swatch;
+  Colour swatch = 0;
 
   QSize fieldSize() const {
     QStyleOptionFrame option;
@@ -39,7 +39,7 @@ class ColourButton final : public QPushButton {
     painter.drawPrimitive(QStyle::PE_PanelLineEdit, field);
     const int border = field.lineWidth + 2;
     painter.fillRect(field.rect.adjusted(border, border, -border, -border),
-                     isEnabled() ? swatch : palette().color(QPalette::Base));
+                     isEnabled() ? qtColour(swatch, palette()) : palette().color(QPalette::Base));
     QStyleOptionButton button;
     initStyleOption(&button);
     button.rect = QRect(width() - side, 0, side, side);
@@ -64,8 +64,8 @@ class ColourBinding final : public BindingOf<ColourField, ColourButton> {
 
  protected:
   void followContent() override {
-    view_.swatch = qtColour(control_.swatch(), view_.palette());
-    view_.setAccessibleDescription(systemNumber(control_.swatch()) ? QString() : view_.swatch.name());
+    view_.swatch = control_.swatch();
+    view_.setAccessibleDescription(qt(control_.swatchText()));
     view_.update();
   }
 };

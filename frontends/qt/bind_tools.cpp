@@ -90,11 +90,9 @@ class ToggleTool final : public QCheckBox {
       tint.setAlphaF(kTint);
       painter.fillRect(rect().adjusted(2, 2, -2, -2), tint);
     }
-    if (hasFocus()) {
-      QStyleOptionFocusRect focus;
-      focus.initFrom(this);
-      focus.rect = rect().adjusted(2, 2, -2, -2);
-      painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    if (hasFocus()) {  // an outline: the style's own mark would look like a button that is on
+      painter.setPen(palette().color(QPalette::Highlight));
+      painter.drawRect(rect().adjusted(2, 2, -3, -3));
     }
     painter.setPen(palette().color(QPalette::ButtonText));
     if (notSet) painter.setOpacity(kFaint);

@@ -1,5 +1,10 @@
 #include "frontends/qt/box_texts.h"
 
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <utility>
+
 #include "support/strings/string_service.h"
 
 namespace vmgv {
@@ -7,6 +12,27 @@ namespace {
 
 QString inLanguage(const char* english, const char* greek) {
   return QString::fromUtf8(speaksGreek() ? greek : english);
+}
+
+constexpr std::pair<const char*, const char*> kColourPicker[] = {
+    {"&Basic colors", "&Βασικά χρώματα"},
+    {"&Custom colors", "&Δικά μου χρώματα"},
+    {"&Pick Screen Color", "Χρώμα από την &οθόνη"},
+    {"&Add to Custom Colors", "&Προσθήκη στα δικά μου"},
+    {"Hu&e:", "Από&χρωση:"},
+    {"&Sat:", "Κορεσ&μός:"},
+    {"&Val:", "&Ένταση:"},
+    {"&Red:", "&Κόκκινο:"},
+    {"&Green:", "Π&ράσινο:"},
+    {"Bl&ue:", "Μπ&λε:"},
+};
+
+void translate(const auto& parts) {
+  for (auto* part : parts) {
+    for (const auto& [english, greek] : kColourPicker) {
+      if (part->text() == QLatin1String(english)) part->setText(QString::fromUtf8(greek));
+    }
+  }
 }
 
 }  // namespace
@@ -44,6 +70,15 @@ void nameParts(QFileDialog& picker) {
   picker.setLabelText(QFileDialog::FileType, inLanguage("Files of type:", "Τύπος αρχείων:"));
   picker.setLabelText(QFileDialog::Accept, inLanguage("Open", "Άνοιγμα"));
   picker.setLabelText(QFileDialog::Reject, buttonText(MessageResult::Cancel));
+}
+
+void nameParts(QColorDialog& picker) {
+  picker.setWindowTitle(inLanguage("Select a colour", "Επιλογή χρώματος"));
+  if (!speaksGreek()) return;
+  translate(picker.findChildren<QLabel*>());
+  translate(picker.findChildren<QPushButton*>());
+  const auto* buttons = picker.findChild<QDialogButtonBox*>();
+  if (buttons) buttons->button(QDialogButtonBox::Cancel)->setText(buttonText(MessageResult::Cancel));
 }
 
 }  // namespace vmgv

@@ -1,6 +1,7 @@
 // The texts of the platform's own boxes, which Qt has in few languages.
 #pragma once
 
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QString>
 
@@ -15,7 +16,8 @@ QString buttonText(MessageResult result);
 QString missingHelpText(const QString& page, const QString& folder);
 QString noBrowserText(const QString& page);
 
-// Captions that a script or user reads on Qt's own file picker.
+// Captions that a script or user reads on Qt's own pickers.
 void nameParts(QFileDialog& picker);
+void nameParts(QColorDialog& picker);
 
 }  // namespace vmgv

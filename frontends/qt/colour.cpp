@@ -3,22 +3,29 @@
 namespace vmgv {
 namespace {
 
-QPalette::ColorRole role(SystemColour colour) {
-  switch (colour) {
-    case SystemColour::Window: return QPalette::Base;
-    case SystemColour::Highlight: return QPalette::Highlight;
-    case SystemColour::HighlightText: return QPalette::HighlightedText;
-    case SystemColour::ButtonFace: return QPalette::Button;
-    case SystemColour::ButtonText: return QPalette::ButtonText;
+// System colours by their number; those of windows' parts that a form or grid lacks count as the window
+// itself.
+QPalette::ColorRole roleOf(int systemNumber) {
+  switch (systemNumber) {
+    case 7:  // menu text
+    case 8:  // window text
+      return QPalette::Text;
+    case 13: return QPalette::Highlight;
+    case 14: return QPalette::HighlightedText;
+    case 15: return QPalette::Button;
+    case 16: return QPalette::Dark;
+    case 17: return QPalette::PlaceholderText;
+    case 18: return QPalette::ButtonText;
+    case 23: return QPalette::ToolTipText;
+    case 24: return QPalette::ToolTipBase;
+    default: return QPalette::Base;
   }
-  return QPalette::Text;
 }
 
 }  // namespace
 
 QColor qtColour(Colour colour, const QPalette& palette) {
-  if (const auto number = systemNumber(colour))
-    return palette.color(role(static_cast<SystemColour>(*number)));
+  if (const auto number = systemNumber(colour)) return palette.color(roleOf(*number));
   return {redOf(colour), greenOf(colour), blueOf(colour)};
 }
 

@@ -8,7 +8,7 @@
 
 namespace vmgv {
 
-// What the desktop chooses comes from the palette; the text's colour for what a palette does not have.
+// What the desktop chooses comes from the palette.
 QColor qtColour(Colour colour, const QPalette& palette);
 Colour formColour(const QColor& colour);
 

@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <algorithm>
 
+#include "frontends/qt/colour.h"
 #include "frontends/qt/units.h"
 
 namespace vmgv {
@@ -10,24 +11,6 @@ namespace {
 
 constexpr std::size_t kKeptFonts = 64;
 constexpr double kAlternateShade = 0.06;  // of the text's colour
-
-// System colours by their number; those of windows' parts that a grid lacks count as the window itself.
-QPalette::ColorRole roleOf(std::int32_t systemColor) {
-  switch (systemColor & 0xFF) {
-    case 7:   // menu text
-    case 8:   // window text
-    case 18:  // button text
-      return QPalette::Text;
-    case 13: return QPalette::Highlight;
-    case 14: return QPalette::HighlightedText;
-    case 15: return QPalette::Button;
-    case 16: return QPalette::Dark;
-    case 17: return QPalette::PlaceholderText;
-    case 23: return QPalette::ToolTipText;
-    case 24: return QPalette::ToolTipBase;
-    default: return QPalette::Base;
-  }
-}
 
 bool isDark(const QColor& color) { return qGray(color.rgb()) < 128; }
 
@@ -61,10 +44,7 @@ void GridLook::follow(const GridEngine& engine) {
   }
 }
 
-QColor GridLook::colorOf(std::int32_t color) const {
-  if (isSystemColor(color)) return view_.palette().color(roleOf(color));
-  return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF};
-}
+QColor GridLook::colorOf(std::int32_t color) const { return qtColour(color, view_.palette()); }
 
 QColor GridLook::back(const RowStyle& style) const {
   const bool plain = isSystemColor(style.backColor) && !isSystemColor(style.foreColor);

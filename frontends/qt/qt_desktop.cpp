@@ -183,6 +183,7 @@ std::optional<Colour> QtDesktop::pickColour(Colour initial) {
   followAll();
   QColorDialog dialog(qtColour(initial, QApplication::palette()), owner());
   dialog.setOption(QColorDialog::DontUseNativeDialog, idle_ != nullptr);
+  nameParts(dialog);
   OpenBox open{{.kind = Box::Kind::Palette, .colour = initial}, dialog};
   boxes_.push_back(open.box);
   const OnTop place(*this, {nullptr, &open}, [&] { dialog.reject(); });

@@ -43,7 +43,8 @@ class ColourBinding final : public BindingOf<ColourField> {
 
  protected:
   void followContent() override {
-    showText(plainCaption(control_.accessibleName()));  // for assistive technology
+    // For assistive technology.
+    showText(plainCaption(control_.accessibleName() + " " + control_.swatchText()));
     InvalidateRect(window(), nullptr, TRUE);
   }
 };

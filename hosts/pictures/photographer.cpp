@@ -82,7 +82,7 @@ ObjectRef demoGrid(const std::string& path) {
   engine->addSortKey({5, kSortDescending});
   engine->setPreviewColumn(10);
   for (const std::int32_t hidden : {1, 4, 7, 10}) engine->setVisible(hidden, false);
-  FormatCondition costly{"Cost over 100,000", 14, 2, "100000", {}, {}};
+  FormatCondition costly{"Cost from 100,000", 14, 4, "100000", {}, {}};
   costly.style = {.backColor = 0xC8E6FF, .foreColor = 0x1432B4, .fontSize = 10, .fontBold = true};
   engine->addCondition(costly);
   engine->addCondition({"Σμήνη γλάρων", 10, 8, "gull", {}, {.backColor = 0xD2F0D2}});

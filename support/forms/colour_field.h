@@ -11,12 +11,7 @@ class ColourField final : public ControlOf<ColourField> {
   static constexpr std::string_view kTypeName = "SmartUI";
   using ControlOf::ControlOf;
   bool focusable() const noexcept override { return true; }
-  Properties properties() const override {
-    Properties all = Control::properties();
-    all.emplace_back("value", value_);
-    all.emplace_back("swatch", swatch_);
-    return all;
-  }
+  Properties properties() const override;
 
   // The swatch is what the field shows; the colour of an empty field stands for none.
   Colour swatch() const noexcept { return swatch_; }
@@ -25,6 +20,9 @@ class ColourField final : public ControlOf<ColourField> {
     change(swatch_, swatch);
     change(value_, value);
   }
+
+  // The swatch in words: "#RRGGBB", or "" for a colour that the desktop chooses.
+  std::string swatchText() const;
 
   void click() {
     if (onClick) onClick();

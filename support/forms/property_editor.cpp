@@ -9,7 +9,7 @@
 namespace vmgv {
 namespace {
 
-constexpr int kFieldColumns = 26;
+constexpr int kFieldColumns = 38;
 
 }  // namespace
 
@@ -112,6 +112,7 @@ void PropertyEditor::arrange() {
   std::vector<layout::Node> lines;
   for (const auto& row : rows_) {
     if (row->kind_ == PropertyRow::Kind::Heading) {
+      if (!lines.empty()) lines.push_back(layout::row({}));  // sections stand apart
       lines.push_back(layout::item(*row->label_));
     } else {
       layout::Node label = row->label_ ? layout::item(*row->label_) : layout::Node();

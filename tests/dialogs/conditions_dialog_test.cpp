@@ -93,6 +93,7 @@ TEST_F(ConditionsDialog, ShowsWhatARuleSetsAndNothingElse) {
   const std::string plain = "1 - C1|0 - equal to|||||off|empty,0|empty,0 2 2 2 2";
   f.show("ShowFormat", {[&] { EXPECT_EQ(shown(f), plain); }, choose("smuList", 1),
                         [&] {
+                          EXPECT_EQ(f.at<ColourField>("smuProperties.forecolor").swatchText(), "#00FF00");
                           EXPECT_EQ(shown(f),
                                     "3 - Net - gross|6 - Between interval|2.5||No such font|12|on|"
                                     "255,255|65280,16777215 -1 0 2 2");
