@@ -302,7 +302,8 @@ bool Comparison::matches(std::uint32_t record, CellText& cell) const {
 }
 
 RecordSet Comparison::matchingRecords(CellText& cell) const {
-  const std::size_t count = column_ ? column_->size() : 0;
+  if (!column_) return RecordSet(0);
+  const std::size_t count = column_->size();
   RecordSet matching(count);
   if (kind_ == Kind::Nothing) return matching;
   if (isText()) {
