@@ -71,7 +71,8 @@ if(BUILD_TESTING)
 endif()
 
 # vmg_test(NAME SOURCES ... [DEPENDS ...] [ENVIRONMENT ...]): a GoogleTest program; each test is a CTest case.
-# On Windows the whole program is one case: starting it for each test would cost more than the tests.
+# On Windows the whole program is one case: starting it for each test would cost more than the tests. Programs of one Wine
+# prefix share its desktop and registry, so they take turns; a test that sets VMG_DPI has another prefix (see wine-run).
 function(vmg_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS;ENVIRONMENT")
   add_executable(${name} ${arg_SOURCES})
@@ -81,7 +82,7 @@ function(vmg_test name)
   target_link_libraries(${name} PRIVATE vmg_options ${arg_DEPENDS} GTest::gtest GTest::gtest_main)
   if(WIN32)
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT "${arg_ENVIRONMENT}")
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 RESOURCE_LOCK wine ENVIRONMENT "${arg_ENVIRONMENT}")
     return()
   endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
