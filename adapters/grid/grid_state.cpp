@@ -4,8 +4,8 @@
 
 namespace vmgv {
 
-void GridHistory::start(GridState state) {
-  states_.assign(1, std::move(state));
+void GridHistory::start(const GridState& state) {
+  states_.assign(1, state);
   at_ = 0;
 }
 

@@ -43,7 +43,7 @@ class GridHistory {
   static constexpr std::size_t kSteps = 100;  // older ones are forgotten
 
   // Forgets every step.
-  void start(GridState state);
+  void start(const GridState& state);
   // One more step, where the state differs from the last one; what was undone is forgotten.
   void record(GridState state);
 

@@ -216,13 +216,14 @@ std::string savedView(const GridEngine& engine) {
   text += '\n';
   const auto add = [&](const char* kind, const auto& items, auto lineOf) {
     std::vector<std::string> lines;
+    lines.reserve(items.size());
     for (const auto& item : items) lines.push_back(lineOf(item));
     for (const GridState::Foreign& foreign : state.foreign) {
       if (foreign.kind != kind) continue;
       const auto place = std::min(foreign.position, lines.size());
       lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place), foreign.line);
     }
-    for (const std::string& line : lines) text += line + '\n';
+    for (const std::string& line : lines) text.append(line).append("\n");
   };
   add("column", state.columns, [&](const auto& column) { return columnLine(engine, column); });
   add("sort", state.sortKeys, [&](const SortKey& key) { return orderLine(engine, "sort", key); });
@@ -232,7 +233,7 @@ std::string savedView(const GridEngine& engine) {
   std::vector<std::int32_t> preview;
   if (const std::int32_t index = engine.previewColumnIndex(); index != 0) preview.push_back(index);
   add("preview", preview, [&](std::int32_t index) { return "preview " + keyText(engine, index); });
-  for (const auto& [name, value] : savedSettings(state.settings)) text += "set " + name + ' ' + value + '\n';
+  for (const auto& [name, value] : savedSettings(state.settings)) text.append("set ").append(name).append(" ").append(value).append("\n");
   return text;
 }
 
