@@ -174,6 +174,7 @@ PropertyRow* PropertyEditor::selected() const {
 
 void PropertyEditor::select(PropertyRow& row) {
   Control* field = row.field_;
+  if (!field) return;  // a heading
   if (const auto* toolbar = dynamic_cast<Toolbar*>(field)) field = toolbar->buttons().front();
   if (auto* text = dynamic_cast<TextBox*>(field)) {
     text->select(0, static_cast<int>(countCharacters(text->text())));
