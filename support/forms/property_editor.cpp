@@ -173,13 +173,13 @@ PropertyRow* PropertyEditor::selected() const {
 }
 
 void PropertyEditor::select(PropertyRow& row) {
-  Control* field = row.field_;
-  if (!field) return;  // a heading
-  if (const auto* toolbar = dynamic_cast<Toolbar*>(field)) field = toolbar->buttons().front();
-  if (auto* text = dynamic_cast<TextBox*>(field)) {
+  if (!row.field_) return;  // a heading
+  const auto* toolbar = dynamic_cast<const Toolbar*>(row.field_);
+  Control& field = toolbar ? *toolbar->buttons().front() : *row.field_;
+  if (auto* text = dynamic_cast<TextBox*>(&field)) {
     text->select(0, static_cast<int>(countCharacters(text->text())));
   }
-  form().setFocus(*field);
+  form().setFocus(field);
 }
 
 bool PropertyEditor::press(Key key, int shift) {
