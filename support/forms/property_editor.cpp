@@ -176,10 +176,10 @@ void PropertyEditor::select(PropertyRow& row) {
   if (!row.field_) return;  // a heading
   const auto* toolbar = dynamic_cast<const Toolbar*>(row.field_);
   Control& field = toolbar ? *toolbar->buttons().front() : *row.field_;
+  form().setFocus(field);
   if (auto* text = dynamic_cast<TextBox*>(&field)) {
     text->select(0, static_cast<int>(countCharacters(text->text())));
   }
-  form().setFocus(field);
 }
 
 bool PropertyEditor::press(Key key, int shift) {
