@@ -59,6 +59,12 @@ std::optional<std::uint16_t> SheetColumns::formatOf(int column) const {
   return {};
 }
 
+std::uint16_t SheetColumns::highestFormat() const {
+  std::uint16_t highest = 0;
+  for (const Run& run : runs_) highest = std::max(highest, run.format.value_or(0));
+  return highest;
+}
+
 std::string SheetColumns::xml(std::span<const FittedColumn> fitted) const {
   std::vector<Run> runs = runs_;
   for (const FittedColumn& own : fitted) {

@@ -20,6 +20,7 @@ class SheetColumns {
  public:
   void add(const XmlScanner& column);  // at the start of a <col>; XmlError for columns that no sheet has
   std::optional<std::uint16_t> formatOf(int column) const;
+  std::uint16_t highestFormat() const;
   // The <cols> element; "" where there is nothing to say.
   std::string xml(std::span<const FittedColumn> fitted) const;
 

@@ -130,6 +130,13 @@ void SheetFrame::readChild(XmlScanner& xml) {
   children_.push_back({name, begin, xml.end()});
 }
 
+std::uint16_t SheetFrame::highestFormat() const {
+  std::uint16_t highest = columns_.highestFormat();
+  for (const OldCell& cell : cells_) highest = std::max(highest, cell.format);
+  for (const Row& row : rows_) highest = std::max(highest, row.format.value_or(0));
+  return highest;
+}
+
 OldRow SheetFrame::row(std::size_t place) const {
   const Row& row = rows_[place];
   const std::size_t end = place + 1 < rows_.size() ? rows_[place + 1].firstCell : cells_.size();

@@ -40,6 +40,7 @@ class SheetFrame {
   bool isProtected() const noexcept { return protected_; }
   bool hasFilter() const noexcept { return filtered_; }
   const std::vector<std::string>& tableParts() const noexcept { return tables_; }  // their relationships' ids
+  std::uint16_t highestFormat() const;  // of all that rows, columns and cells name
   // The rows that say more than their number, from top to bottom.
   std::size_t rowCount() const noexcept { return rows_.size(); }
   OldRow row(std::size_t place) const;

@@ -92,9 +92,12 @@ TemplateFill::TemplateFill(const std::string& path) : book_(path), data_(book_.s
     if (data_) frame_.emplace(text(part));
     part = stylesPart_;
     styles_.emplace(text(stylesPart_));
-    if (data_) findTables();
+    if (data_) findTables(part);
   } catch (const XmlError& error) {
     book_.package().refuse("its part " + part + " is damaged: " + error.what());
+  }
+  if (frame_ && frame_->highestFormat() >= styles_->count()) {
+    book_.package().refuse("its sheet Data names cell formats that it does not have");
   }
   if (frame_ && frame_->isProtected()) book_.package().refuse("its sheet Data is protected");
 }
@@ -111,15 +114,21 @@ std::string TemplateFill::text(const std::string& part) const {
 
 void TemplateFill::edit(const std::string& part, const Edit& change) {
   const std::string before = text(part);
-  std::string after = change(before);
-  if (after != before) changed_[lowerCase(part)] = std::move(after);
+  try {
+    std::string after = change(before);
+    if (after != before) changed_[lowerCase(part)] = std::move(after);
+  } catch (const XmlError& error) {
+    book_.package().refuse("its part " + part + " is damaged: " + error.what());
+  }
 }
 
-void TemplateFill::findTables() {
+// `part` is the one being read.
+void TemplateFill::findTables(std::string& part) {
   const auto& parts = frame_->tableParts();
   for (const Relationship& relationship : book_.relationshipsOf(data_->part)) {
     if (std::find(parts.begin(), parts.end(), relationship.id) == parts.end()) continue;
-    const TableFacts facts = tableFacts(text(relationship.target));
+    part = relationship.target;
+    const TableFacts facts = tableFacts(text(part));
     tables_.push_back({relationship.id, relationship.target, facts.name, facts.area});
   }
 }

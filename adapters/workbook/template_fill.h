@@ -46,7 +46,7 @@ class TemplateFill {
 
   void edit(const std::string& part, const Edit& change);
   std::string text(const std::string& part) const;
-  void findTables();
+  void findTables(std::string& part);
   std::vector<std::string> placeTables(const SheetStream& sheet);
   void placePivots(const Area& written, const std::set<std::string>& namesGivenUp);
   void dropCalculationChain();

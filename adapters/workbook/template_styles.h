@@ -14,6 +14,7 @@ class TemplateStyles {
  public:
   explicit TemplateStyles(std::string xml);  // of the styles part; XmlError
 
+  std::size_t count() const noexcept { return formats_.size(); }
   // In the order of the formats' numbers.
   std::vector<BaseStyle> bases() const;
   // The part again with the formats derived from its own; the same where there are none.

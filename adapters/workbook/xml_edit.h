@@ -18,7 +18,6 @@ class XmlEdit {
     result_.append(text_.substr(kept_, begin - kept_)).append(by);
     kept_ = end;
   }
-  bool isChanged() const noexcept { return kept_ > 0 || !result_.empty(); }
   std::string result() const { return result_ + std::string(text_.substr(kept_)); }
 
  private:

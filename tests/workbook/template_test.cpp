@@ -329,6 +329,8 @@ TEST_F(FillTest, WhatCannotBeFilledIsToldAndNothingIsWritten) {
   EXPECT_ERROR(1004, "its sheet Data is protected", open(parts));
   data = std::string(good).replace(good.find("r='5'"), 5, "r='2'");
   EXPECT_ERROR(1004, "\"2\" is no r of row", open(parts));
+  data = std::string(good).replace(good.find("s='1'"), 5, "s='3'");
+  EXPECT_ERROR(1004, "cell formats that it does not have", open(parts));
   data = good;
   parts["xl/book.xml"].replace(parts["xl/book.xml"].find("'Data'"), 6, "'Rows'");
   EXPECT_ERROR(9, "Data", open(parts));
