@@ -7,6 +7,7 @@
 #include "dialogs/groupby/frm_group_by.h"
 #include "dialogs/sort/frm_sort.h"
 #include "output/excel/frm_excel.h"
+#include "output/preview/frm_preview.h"
 
 namespace vmgv {
 
@@ -23,6 +24,10 @@ void installDialogs(Application& application) {
   application.install<frmFormConditions>(
       Facet::Format,
       [](frmFormConditions& form, const OpenRequest& request) { form.ShowConditions(request.editor); });
+  application.install<frmPreview>(Facet::Preview, [](frmPreview& form, const OpenRequest& request) {
+    form.LLToolbar(request.llToolbar);
+    form.PrintPreview(request.editor, request.header, request.onlySelected);
+  });
   application.install<frmOther>(
       Facet::General, [](frmOther& form, const OpenRequest& request) { form.ShowSettings(request.editor); });
   application.install<frmExcel>(

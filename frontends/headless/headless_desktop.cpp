@@ -76,6 +76,11 @@ void HeadlessDesktop::waitFor(OpenBox& box) {
 Size HeadlessDesktop::naturalSize(const Control& control) { return naturalSizeOf(control, pixel().width); }
 Insets HeadlessDesktop::insets(const Container& container) { return insetsOf(container, pixel().width); }
 
+Size HeadlessDesktop::workArea() {
+  constexpr int kWidth = 1280, kHeight = 960;
+  return {kWidth * pixel().width, kHeight * pixel().height};
+}
+
 Size HeadlessDesktop::pixel() const {
   const int twips = kTwipsPerInch / pixelsPerInch_;
   return {twips, twips};

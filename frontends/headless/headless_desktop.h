@@ -24,6 +24,7 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   }
   Size naturalSize(const Control& control) override;
   Insets insets(const Container& container) override;
+  Size workArea() override;
   Size pixel() const override;
 
   Form* form() override;

@@ -1,5 +1,7 @@
 #include "frontends/headless/headless_system.h"
 
+#include <array>
+#include <ctime>
 #include <filesystem>
 
 #include "support/automation/error.h"
@@ -24,6 +26,14 @@ void HeadlessSystem::setScale(int percent) {
 bool HeadlessSystem::fileExists(const std::string& path) {
   std::error_code ignored;
   return std::filesystem::is_regular_file(std::u8string(path.begin(), path.end()), ignored);
+}
+
+std::string HeadlessSystem::mediumDate() {
+  if (!mediumDate_.empty()) return mediumDate_;
+  const std::time_t now = std::time(nullptr);
+  std::array<char, 32> text{};
+  std::strftime(text.data(), text.size(), "%d-%b-%y", std::localtime(&now));
+  return text.data();
 }
 
 std::intptr_t HeadlessSystem::openHelp(Form*, const std::string& file, HelpCommand command,

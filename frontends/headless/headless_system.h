@@ -23,6 +23,7 @@ class HeadlessSystem : public SystemPort {
   void setDesktopFonts(std::optional<DesktopFonts> fonts) { fonts_ = std::move(fonts); }
   void setScreenFonts(std::vector<std::string> names) { screenFonts_ = std::move(names); }
   void setSettings(SettingsFile settings) { settings_ = std::move(settings); }
+  void setMediumDate(std::string date) { mediumDate_ = std::move(date); }  // else today's
   void setCommonFilesFolder(std::string folder) { commonFilesFolder_ = std::move(folder); }
   // Makes the objects of programs; null stands for a program that is not installed.
   std::function<ObjectRef(const std::string& programId)> objectFactory;
@@ -36,6 +37,7 @@ class HeadlessSystem : public SystemPort {
                       const std::string& defaultValue) override {
     return settings_.value(key, name, defaultValue);
   }
+  std::string mediumDate() override;
   std::string commonFilesFolder() override { return commonFilesFolder_; }
   char pathSeparator() const override { return '/'; }
   bool fileExists(const std::string& path) override;
@@ -53,7 +55,7 @@ class HeadlessSystem : public SystemPort {
   std::optional<DesktopFonts> fonts_;
   std::vector<std::string> screenFonts_{"DejaVu Sans", "DejaVu Sans Mono", "DejaVu Serif"};
   SettingsFile settings_;
-  std::string commonFilesFolder_ = "/";
+  std::string commonFilesFolder_ = "/", mediumDate_;
   std::vector<HelpCall> helpCalls_;
 };
 

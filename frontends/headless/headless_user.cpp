@@ -5,6 +5,7 @@
 #include "frontends/headless/tab_order.h"
 #include "support/automation/error.h"
 #include "support/forms/colour_field.h"
+#include "support/forms/page_preview.h"
 #include "support/forms/tool_button.h"
 #include "support/text/utf8.h"
 
@@ -25,6 +26,7 @@ class Click final : public ControlVisitor {
   void visit(ListView&) override {}
   void visit(Menu&) override {}
   void visit(OptionButton& button) override { button.click(); }
+  void visit(PagePane&) override {}
   void visit(PictureBox&) override {}
   void visit(ProgressBar&) override {}
   void visit(TextBox&) override {}
@@ -204,7 +206,8 @@ void HeadlessDesktop::settleFocus(Form& form) {
 void HeadlessDesktop::resize(Size size) {
   Form& form = topForm();
   if (size.width < 1 || size.height < 1) throw CannotDo("a window has a width and a height");
-  form.setSize(size);
+  if (!form.resizable) throw CannotDo("the window of " + form.name() + " has a fixed size");
+  form.resize(*this, size);
 }
 
 void HeadlessDesktop::closeWindow() { topForm().closeByUser(); }

@@ -5,6 +5,7 @@
 
 #include "frontends/headless/text_width.h"
 #include "support/forms/colour_field.h"
+#include "support/forms/page_preview.h"
 #include "support/forms/tool_button.h"
 
 namespace vmgv {
@@ -18,6 +19,7 @@ constexpr int kFieldPadding = 6, kArrowWidth = 12;
 constexpr int kBarWidth = 107, kBarHeight = 8;
 constexpr int kFramePadding = 8, kLineOfText = 8;
 constexpr int kToolPadding = 6, kSwatchWidth = 40;
+constexpr int kPaneWidth = 160, kPaneHeight = 120;
 constexpr int kEntryHeight = 9, kHeaderHeight = 12;
 
 class Measure final : public ControlVisitor {
@@ -59,6 +61,7 @@ class Measure final : public ControlVisitor {
     const Insets border = insetsOf(frame, pixel_);
     set(measureText(frame.caption(), font_).width + 2 * x(kFramePadding), border.top + border.bottom);
   }
+  void visit(PagePane&) override { set(x(kPaneWidth), y(kPaneHeight)); }
   void visit(PictureBox&) override {}
   void visit(Line&) override { set(0, 2 * pixel_); }
   void visit(ProgressBar&) override { set(x(kBarWidth), y(kBarHeight)); }

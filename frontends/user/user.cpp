@@ -7,6 +7,8 @@ const char* nameOf(Box::Kind kind) noexcept {
     case Box::Kind::Message: return "message";
     case Box::Kind::File: return "file picker";
     case Box::Kind::Palette: return "colour picker";
+    case Box::Kind::PageSetup: return "page setup";
+    case Box::Kind::Print: return "print dialog";
   }
   return "";
 }

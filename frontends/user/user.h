@@ -18,9 +18,10 @@ class CannotDo : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// A box that the platform shows over a form: a message with buttons, or a picker.
+// A box that the platform shows over a form: a message with buttons, a picker, or a dialog of its printing,
+// which is answered with Ok, to take what it proposes, or Cancel.
 struct Box {
-  enum class Kind { Message, File, Palette };
+  enum class Kind { Message, File, Palette, PageSetup, Print };
   Kind kind = Kind::Message;
   std::string title;
   std::string text;                                // of a message
@@ -28,7 +29,7 @@ struct Box {
   FileRequest files;                               // of a file picker
   Colour colour = 0;                               // of a colour picker: the one so far
 };
-const char* nameOf(Box::Kind kind) noexcept;  // "message", "file picker" or "colour picker"
+const char* nameOf(Box::Kind kind) noexcept;  // "message", "file picker" and so on
 
 // Who acts when the program has nothing to do: a script player, or a test's list of steps.
 class IdleHandler {
@@ -63,7 +64,7 @@ class User {
   virtual void resize(Size size) = 0;  // the form's inside, in twips
   virtual void closeWindow() = 0;      // by the title bar
 
-  virtual void answer(MessageResult result) = 0;                       // a message box
+  virtual void answer(MessageResult result) = 0;                       // a message box, or printing
   virtual void pick(const std::optional<std::string>& path) = 0;       // a file picker; nothing is Cancel
   virtual void chooseColour(const std::optional<Colour>& colour) = 0;  // a colour picker; nothing is Cancel
 

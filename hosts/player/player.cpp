@@ -141,6 +141,8 @@ bool Player::closeTop() {
           break;
         case Box::Kind::File: user.pick({}); break;
         case Box::Kind::Palette: user.chooseColour({}); break;
+        case Box::Kind::PageSetup:
+        case Box::Kind::Print: user.answer(MessageResult::Cancel); break;
       }
     } else if (Form* form = user.form()) {
       if (std::exchange(askedToClose_, form) == form) {

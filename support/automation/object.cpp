@@ -9,6 +9,8 @@ std::unique_ptr<Enumeration> Object::enumerate() {
   throw Error(ErrorNumber::MemberNotFound, typeName() + " is not a collection");
 }
 
+std::shared_ptr<void> Object::listen(EventSink&) { return {}; }
+
 MemberId Member::resolve(Object& object, ClassId id) const {
   const MemberId found = object.member(name_);
   class_ = id;

@@ -10,6 +10,7 @@
 
 namespace vmgv {
 
+class EventSink;
 class Value;
 
 using MemberId = std::int32_t;
@@ -47,6 +48,8 @@ class Object {
   virtual Value invoke(MemberId member, Access access, std::span<const Value> args) = 0;
   // Throws Error 438 where the object is no collection.
   virtual std::unique_ptr<Enumeration> enumerate();
+  // Tells the sink of the object's events until the connection is dropped; null where it raises none.
+  virtual std::shared_ptr<void> listen(EventSink& sink);
 
   void retain() noexcept { ++references_; }
   void release() noexcept {

@@ -24,12 +24,17 @@ enum class Key : int {
   Return = 13,
   Escape = 27,
   Space = 32,
-  Left = 37,
+  PageUp,
+  PageDown,
+  End,
+  Home,
+  Left,
   Up,
   Right,
   Down,
   Delete = 46,
-  F2 = 113,
+  F1 = 112,
+  F2,
   F4 = 115
 };
 enum ShiftState : int { kShift = 1, kControl = 2, kAlt = 4 };

@@ -41,6 +41,7 @@ class ListBox;
 class ListView;
 class Menu;
 class OptionButton;
+class PagePane;
 class PictureBox;
 class ProgressBar;
 class TextBox;
@@ -61,6 +62,7 @@ class ControlVisitor {
   virtual void visit(ListView&) = 0;
   virtual void visit(Menu&) = 0;
   virtual void visit(OptionButton&) = 0;
+  virtual void visit(PagePane&) = 0;
   virtual void visit(PictureBox&) = 0;
   virtual void visit(ProgressBar&) = 0;
   virtual void visit(TextBox&) = 0;

@@ -1,5 +1,7 @@
 #include "support/forms/form.h"
 
+#include <algorithm>
+
 #include "support/automation/class_table.h"
 #include "support/forms/tool_button.h"
 #include "support/forms/window_port.h"
@@ -37,6 +39,12 @@ void Form::setSize(Size size) {
 void Form::layOut(WindowPort& window) {
   layout::arrange(*this, window);
   if (onLaidOut) onLaidOut(window);
+  smallest_ = size_;
+}
+
+void Form::resize(WindowPort& window, Size size) {
+  layout::arrange(*this, window,
+                  {std::max(size.width, smallest_.width), std::max(size.height, smallest_.height)});
 }
 
 Control* Form::focusMoved(Control* control) noexcept {
@@ -52,6 +60,7 @@ void Form::closeByUser() {
 }
 
 bool Form::pressKey(Control* focused, Key key, int shift) {
+  if (onKeyDown && onKeyDown(key, shift)) return true;
   for (const Control* at = focused; at; at = at->container()) {
     if (at->onKeyDown && at->onKeyDown(key, shift)) return true;
   }

@@ -44,8 +44,14 @@ class Form {
   void setSize(Size size);
 
   layout::Node content;
+  int marginUnits = 2;  // spacing units around the content
   // Turns the structure and the platform's natural sizes into rectangles, the smallest that fit.
   void layOut(WindowPort& window);
+  // A window that the user may make larger, and again as small as it was laid out at first.
+  bool resizable = false;
+  Size smallest() const noexcept { return smallest_; }
+  // Gives the content this size, or the smallest one where that is larger.
+  void resize(WindowPort& window, Size size);
   std::function<void(WindowPort&)> onLaidOut;  // moves what structure alone cannot place
 
   // Modal life: open() before the platform shows it; the platform's loop ends once close() was called.
@@ -66,6 +72,8 @@ class Form {
   // Moves it as soon as the front end lets the control have it.
   void setFocus(Control& control) noexcept { wantedFocus_ = &control; }
   Control* takeWantedFocus() noexcept { return std::exchange(wantedFocus_, nullptr); }
+  // Sees every key before any control does; true where it used the key up.
+  std::function<bool(Key, int shift)> onKeyDown;
   // A key that the focused control (or null) did not use for itself: its own handler first and those of what
   // contains it, then shortcuts, Enter for the focused or default button and Esc for the cancel button. True
   // where something used it.
@@ -89,7 +97,7 @@ class Form {
   std::string caption_;
   Font font_;
   Pointer pointer_ = Pointer::Default;
-  Size size_;
+  Size size_, smallest_;
   bool open_ = false;
   Control* active_ = nullptr;
   Control* wantedFocus_ = nullptr;

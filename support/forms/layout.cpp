@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kTwipsPerPoint = 20;
 constexpr double kUnitsPerFontSize = 0.6;  // a 9 point font spaces by 7 pixels at 96 dpi
-constexpr int kMarginUnits = 2;            // around the form
 constexpr int kPaddingUnits = 1;           // inside a frame
 
 // One run over a form: sizes upwards, then rectangles downwards.
@@ -281,10 +280,12 @@ int spacingUnit(double points, int pixel) {
   return std::max(pixels, 2) * pixel;
 }
 
-void arrange(Form& form, WindowPort& window) {
+void arrange(Form& form, WindowPort& window, Size atLeast) {
   Pass pass(form, window);
-  const int margin = kMarginUnits * pass.unit();
-  const Size inside = pass.measure(form.content);
+  const int margin = form.marginUnits * pass.unit();
+  Size inside = pass.measure(form.content);
+  inside.width = std::max(inside.width, atLeast.width - 2 * margin);
+  inside.height = std::max(inside.height, atLeast.height - 2 * margin);
   pass.place(form.content, {margin, margin, inside.width, inside.height});
   form.setSize({inside.width + 2 * margin, inside.height + 2 * margin});
 }

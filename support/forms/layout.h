@@ -54,8 +54,9 @@ Node buttons(const std::vector<Control*>& controls);
 // The spacing unit for a font of `points`, in twips, rounded to whole pixels of `pixel` twips.
 int spacingUnit(double points, int pixel);
 
-// Gives every control of the form its rectangle and the form its size.
-void arrange(Form& form, WindowPort& window);
+// Gives every control of the form its rectangle and the form its size, the smallest one that fits unless a
+// larger one is asked for.
+void arrange(Form& form, WindowPort& window, Size atLeast = {});
 
 }  // namespace layout
 }  // namespace vmgv

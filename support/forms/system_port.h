@@ -33,6 +33,9 @@ class SystemPort {
   virtual std::int32_t pixelsPerInch() = 0;                // vertically, of the screen
   virtual std::vector<std::string> screenFonts() = 0;      // the families' names, sorted, each once
 
+  // Today's date in the desktop's medium form, as "21-Nov-26".
+  virtual std::string mediumDate() = 0;
+
   // A machine-wide text setting; the default where it is missing or cannot be read.
   virtual std::string setting(const std::string& key, const std::string& name,
                               const std::string& defaultValue) = 0;

@@ -26,11 +26,13 @@ ToolButton& Toolbar::addButton(const std::string& key) {
   const std::string end = key.empty() ? std::to_string(buttons_.size() + 1) : key;
   auto& button = form().add<ToolButton>(name() + "." + end, this);
   buttons_.push_back(&button);
-  std::vector<layout::Node> nodes;
-  for (ToolButton* each : buttons_) nodes.push_back(layout::item(*each));
-  content = layout::row(std::move(nodes)).gap(0);
+  if (groups_.empty()) addSeparator();
+  groups_.back().children.push_back(layout::item(button));
+  content = layout::row(groups_).gap(2);
   return button;
 }
+
+void Toolbar::addSeparator() { groups_.push_back(layout::row({}).gap(0)); }
 
 // Left and Right go to the neighbours that can be used.
 bool Toolbar::walk(Key key, int shift) {

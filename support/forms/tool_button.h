@@ -16,7 +16,22 @@ class ToolButton final : public ControlOf<ToolButton> {
   std::function<void()> onClick;
 
   // What it shows beside or instead of its caption, in the colour of texts.
-  enum class Picture { None, Bold, Italic, Underline, Strikeout, Delete };
+  enum class Picture {
+    None,
+    Bold,
+    Italic,
+    Underline,
+    Strikeout,
+    Delete,
+    Previous,
+    Next,
+    ZoomIn,
+    TwoPages,
+    WholePage,
+    PrintSetup,
+    Print,
+    Close
+  };
   Picture picture = Picture::None;
 
   // A button that stays pressed is on, off or not set: nobody has decided. A click decides, for on at first.
@@ -44,12 +59,14 @@ class Toolbar final : public PictureBox {
   std::string_view typeName() const noexcept override { return ToolButton::kTypeName; }
 
   ToolButton& addButton(const std::string& key = {});
+  void addSeparator();  // what is added next stands a little apart
   const std::vector<ToolButton*>& buttons() const noexcept { return buttons_; }
 
  private:
   bool walk(Key key, int shift);
 
   std::vector<ToolButton*> buttons_;
+  std::vector<layout::Node> groups_;
 };
 
 }  // namespace vmgv

@@ -43,6 +43,8 @@ class WindowPort {
   // their caption needs; their border is told by `insets`.
   virtual Size naturalSize(const Control& control) = 0;
   virtual Insets insets(const Container& container) = 0;
+  // What windows may cover of the screen that the user looks at.
+  virtual Size workArea() = 0;
   // A screen pixel, in twips.
   virtual Size pixel() const = 0;
 };

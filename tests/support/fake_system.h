@@ -30,6 +30,7 @@ class FakeSystem : public SystemPort {
     const bool known = key == "SOFTWARE\\Velmora\\Common" && name == "helpFolder";
     return known ? helpFolder.value_or(defaultValue) : "?";
   }
+  std::string mediumDate() override { return "21-Nov-26"; }
   std::string commonFilesFolder() override { return "C:\\Common\\"; }
   char pathSeparator() const override { return '\\'; }
   bool fileExists(const std::string&) override { return false; }

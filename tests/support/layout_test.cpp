@@ -22,6 +22,7 @@ class FakeWindow : public WindowPort {
   Insets insets(const Container& container) override {
     return dynamic_cast<const Frame*>(&container) ? Insets{50, 250, 50, 50} : Insets{};
   }
+  Size workArea() override { return {}; }
   Size pixel() const override { return {15, 15}; }
 };
 
