@@ -123,6 +123,7 @@ void frmPreview::showPageNumber() {
   if (GEXPreview1_->viewMode() == ViewMode::TwoPages && page < count)
     shown += " - " + std::to_string(page + 1);
   SmartUI1_->setText(pageOf(shown, count));
+  GEXPreview1_->pane().setAccessibleName(SmartUI1_->caption());
 }
 
 void frmPreview::raised(std::string_view event, std::span<const Value> parameters) {
