@@ -16,7 +16,8 @@ namespace {
 
 // An entry is as high as all others, whatever breaks its text.
 QString onOneLine(QString text) {
-  std::replace_if(text.begin(), text.end(), [](QChar c) { return c < u' '; }, u' ');
+  std::replace_if(
+      text.begin(), text.end(), [](QChar c) { return c < u' '; }, u' ');
   return text;
 }
 

@@ -1,20 +1,19 @@
 // Buttons of toolbars: those that act, and those that stay pressed.
 #include <QCheckBox>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
 #include "frontends/qt/binding.h"
 #include "frontends/qt/comfort.h"
-#include "support/forms/tool_button.h"
+#include "support/forms/tool_picture.h"
 
 namespace vmgv {
 namespace {
 
 using Picture = ToolButton::Picture;
 
-constexpr float kTint = 0.3f;   // of the selection's colour, over a button that is on
+constexpr float kTint = 0.3f;  // of the selection's colour, over a button that is on
 constexpr qreal kFaint = 0.4;  // of the colour of a sign that nobody has set
 
 QFont letterFont(const QFont& font, Picture picture) {
@@ -26,31 +25,29 @@ QFont letterFont(const QFont& font, Picture picture) {
   return letter;
 }
 
-void drawCross(QPainter& painter, const QRect& around) {
-  const qreal side = around.height() / 3.0;
-  QRectF box(0, 0, side, side);
-  box.moveCenter(QRectF(around).center());
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(painter.pen().color(), side / 5, Qt::SolidLine, Qt::RoundCap));
-  painter.drawLine(box.topLeft(), box.bottomRight());
-  painter.drawLine(box.topRight(), box.bottomLeft());
-}
-
+// As large as a letter of the button's text would be high, in the middle of `place`.
 void drawPicture(QPainter& painter, Picture picture, const QRect& place) {
-  switch (picture) {
-    case Picture::None: return;
-    case Picture::Delete: return drawCross(painter, place);
-    case Picture::Bold:
-    case Picture::Italic:
-    case Picture::Underline:
-    case Picture::Strikeout: break;
+  if (const char* letter = letterOf(picture)) {
+    painter.setFont(letterFont(painter.font(), picture));
+    painter.drawText(place, Qt::AlignCenter, QString::fromLatin1(letter));
+    return;
   }
-  const char* const letter = picture == Picture::Bold        ? "B"
-                             : picture == Picture::Italic    ? "I"
-                             : picture == Picture::Underline ? "U"
-                                                             : "S";
-  painter.setFont(letterFont(painter.font(), picture));
-  painter.drawText(place, Qt::AlignCenter, QString::fromLatin1(letter));
+  const qreal side = painter.fontMetrics().height();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(QRectF(place).center() - QPointF(side / 2, side / 2));
+  painter.scale(side / kToolSquare, side / kToolSquare);
+  const QColor ink = painter.pen().color();
+  for (const ToolStroke& stroke : strokesOf(picture)) {
+    QPolygonF points;
+    for (const auto& [x, y] : stroke.points) points << QPointF(x, y);
+    painter.setPen(QPen(ink, kToolStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(stroke.filled ? QBrush(ink) : QBrush(Qt::NoBrush));
+    if (stroke.closed) {
+      painter.drawPolygon(points);
+    } else {
+      painter.drawPolyline(points);
+    }
+  }
 }
 
 // Words come from the style, signs are drawn over them.

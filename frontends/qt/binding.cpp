@@ -1,6 +1,7 @@
 #include "frontends/qt/binding.h"
 
 #include "support/forms/colour_field.h"
+#include "support/forms/page_preview.h"
 #include "support/forms/tool_button.h"
 
 namespace vmgv {
@@ -23,6 +24,7 @@ class Binder final : public ControlVisitor {
   void visit(ListView& control) override { make(control); }
   void visit(Menu& control) override { make(control); }
   void visit(OptionButton& control) override { make(control); }
+  void visit(PagePane& control) override { make(control); }
   void visit(PictureBox& control) override { make(control); }
   void visit(ProgressBar& control) override { make(control); }
   void visit(TextBox& control) override { make(control); }

@@ -70,6 +70,7 @@ std::unique_ptr<Binding> bind(ListBox& list, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(ListView& list, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(Menu& menu, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(OptionButton& button, QWidget& parent, UserActs& acts);
+std::unique_ptr<Binding> bind(PagePane& pane, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(PictureBox& box, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(ProgressBar& bar, QWidget& parent, UserActs& acts);
 std::unique_ptr<Binding> bind(TextBox& box, QWidget& parent, UserActs& acts);

@@ -36,15 +36,17 @@ bool selectedSibling(const Control& control) {
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, UserActs& acts, QWidget* parent)
+FormWindow::FormWindow(Form& form, WindowPort& window, UserActs& acts, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowCloseButtonHint),
       form_(form),
+      window_(window),
       acts_(acts),
       units_(Units::ofScreen()) {
   setWindowModality(Qt::ApplicationModal);
   setAttribute(Qt::WA_QuitOnClose, false);
   setObjectName(qt(form.name()));
+  if (form.resizable) setWindowFlag(Qt::WindowMaximizeButtonHint);
   for (const auto& control : form.controls()) {
     QWidget& around = control->container() ? binding(*control->container()).widget() : *this;
     auto bound = bindAny(*control, around, acts);
@@ -88,7 +90,13 @@ void FormWindow::follow() {
 void FormWindow::followForm() {
   setWindowTitle(qt(form_.caption()));
   setFont(qtFont(form_.font()));
-  setFixedSize(units_.pixels(form_.size()));
+  const QSize size = units_.pixels(form_.size());
+  if (form_.resizable) {
+    setMinimumSize(units_.pixels(form_.smallest()));
+    if (!isMaximized()) resize(size);
+  } else {
+    setFixedSize(size);
+  }
   if (form_.pointer() == Pointer::Default) {
     unsetCursor();
   } else {
@@ -141,6 +149,12 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   acts_.run([this] {
     if (form_.isOpen()) form_.closeByUser();
   });
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  if (!form_.resizable || event->size() == units_.pixels(form_.size())) return;
+  acts_.run([&] { form_.resize(window_, units_.twips(event->size())); });
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {

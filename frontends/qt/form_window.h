@@ -9,12 +9,13 @@
 
 #include "frontends/qt/binding.h"
 #include "support/forms/form.h"
+#include "support/forms/window_port.h"
 
 namespace vmgv {
 
 class FormWindow final : public QDialog {
  public:
-  FormWindow(Form& form, UserActs& acts, QWidget* parent);
+  FormWindow(Form& form, WindowPort& window, UserActs& acts, QWidget* parent);
   ~FormWindow() override;
 
   Form& form() const noexcept { return form_; }
@@ -36,6 +37,7 @@ class FormWindow final : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void followForm();
@@ -48,6 +50,7 @@ class FormWindow final : public QDialog {
   void tellLeftSoon();
 
   Form& form_;
+  WindowPort& window_;
   UserActs& acts_;
   Units units_;
   std::unordered_map<const Control*, std::unique_ptr<Binding>> bindings_;

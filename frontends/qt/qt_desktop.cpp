@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <algorithm>
 
@@ -117,7 +118,7 @@ void QtDesktop::showModal(Form& form) {
   if (std::any_of(shown_.begin(), shown_.end(), same)) {
     throw Error(kAlreadyShown, form.name() + " is already shown");
   }
-  FormWindow window(form, *this, owner());
+  FormWindow window(form, *this, *this, owner());
   bool refused = false;
   {
     const OnTop place(*this, {&window, nullptr}, [&] {
@@ -191,6 +192,14 @@ std::optional<Colour> QtDesktop::pickColour(Colour initial) {
   return formColour(dialog.selectedColor());
 }
 
+bool QtDesktop::takes(QDialog& dialog, Box::Kind kind) {
+  followAll();
+  OpenBox open{{.kind = kind}, dialog};
+  boxes_.push_back(open.box);
+  const OnTop place(*this, {nullptr, &open}, [&] { dialog.reject(); });
+  return dialog.exec() == QDialog::Accepted;
+}
+
 void QtDesktop::doEvents() {
   if (idle_) idle_->yielding();
   using Clock = std::chrono::steady_clock;
@@ -218,6 +227,12 @@ Size QtDesktop::naturalSize(const Control& control) {
 Insets QtDesktop::insets(const Container& container) {
   QWidget parent;
   return Units::ofScreen().twips(probe(container, parent)->insets());
+}
+
+Size QtDesktop::workArea() {
+  const QWidget* over = owner();
+  const QScreen* screen = over ? over->screen() : QGuiApplication::primaryScreen();
+  return Units::ofScreen().twips(screen->availableSize());
 }
 
 Size QtDesktop::pixel() const {

@@ -31,6 +31,11 @@ class QtDesktop : public QtSystem, public WindowPort, public User, private UserA
   // Every box shown so far, in order.
   const std::vector<Box>& boxes() const noexcept { return boxes_; }
 
+  // What stands over everything else, or null.
+  QWidget* owner() const;
+  // Shows a dialog of the platform's printing; whether the user took what it says.
+  bool takes(QDialog& dialog, Box::Kind kind);
+
   // Runs what a slot of the host's was asked for: an error becomes a message, and never passes through Qt.
   void run(const std::function<void()>& act) noexcept override;
 
@@ -42,6 +47,7 @@ class QtDesktop : public QtSystem, public WindowPort, public User, private UserA
   void doEvents() override;
   Size naturalSize(const Control& control) override;
   Insets insets(const Container& container) override;
+  Size workArea() override;
   Size pixel() const override;
 
   Form* form() override;
@@ -78,7 +84,6 @@ class QtDesktop : public QtSystem, public WindowPort, public User, private UserA
 
   void tellUser(const QString& text) override;
   void followAll();
-  QWidget* owner() const;
   bool topIsOver() const;
   std::unique_ptr<Binding> probe(const Control& control, QWidget& parent);
 

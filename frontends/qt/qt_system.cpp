@@ -1,11 +1,13 @@
 #include "frontends/qt/qt_system.h"
 
 #include <QApplication>
+#include <QDate>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QLocale>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
@@ -50,6 +52,10 @@ std::vector<std::string> QtSystem::screenFonts() {
   std::vector<std::string> names;
   for (const QString& family : QFontDatabase::families()) names.push_back(utf8(family));
   return names;
+}
+
+std::string QtSystem::mediumDate() {
+  return utf8(QLocale::system().toString(QDate::currentDate(), QStringLiteral("dd-MMM-yy")));
 }
 
 std::string QtSystem::commonFilesFolder() {

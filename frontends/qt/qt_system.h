@@ -22,6 +22,7 @@ class QtSystem : public SystemPort {
                       const std::string& defaultValue) override {
     return settings_.value(key, name, defaultValue);
   }
+  std::string mediumDate() override;
   std::string commonFilesFolder() override;
   char pathSeparator() const override { return '/'; }
   bool fileExists(const std::string& path) override;

@@ -20,6 +20,17 @@
 namespace vmgv {
 namespace {
 
+// Its button box is not the only one: the dialog has its buttons in a box without Ok, too.
+void answerPrinting(QDialog& dialog, MessageResult result) {
+  const auto role = result == MessageResult::Ok ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole;
+  for (auto* box : dialog.findChildren<QDialogButtonBox*>()) {
+    for (QAbstractButton* button : box->buttons()) {
+      if (box->buttonRole(button) == role) return gestures::click(*button, button->rect().center());
+    }
+  }
+  throw CannotDo("this dialog can only be answered by a person");
+}
+
 QPoint centre(const QWidget& widget) { return widget.rect().center(); }
 
 void requireFocusable(const Control& control) {
@@ -162,7 +173,8 @@ Control* QtDesktop::focused() {
 void QtDesktop::resize(Size size) {
   FormWindow& window = topWindow();
   if (size.width < 1 || size.height < 1) throw CannotDo("a window has a width and a height");
-  window.form().setSize(size);
+  if (!window.form().resizable) throw CannotDo("the window of " + window.form().name() + " has a fixed size");
+  window.form().resize(*this, size);
   followAll();
 }
 
@@ -173,6 +185,9 @@ void QtDesktop::closeWindow() {
 }
 
 void QtDesktop::answer(MessageResult result) {
+  if (box() && (box()->kind == Box::Kind::PageSetup || box()->kind == Box::Kind::Print)) {
+    return answerPrinting(topBox(box()->kind).dialog, result);
+  }
   const OpenBox& open = topBox(Box::Kind::Message);
   for (const auto& [answer, button] : open.buttons) {
     if (answer == result) return gestures::click(*button, centre(*button));

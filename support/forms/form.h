@@ -20,12 +20,13 @@ class Form {
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
-  // Controls are created in tab order.
+  // Controls are created in tab order; one that is made of others stands before these.
   template <class Kind>
   Kind& add(std::string name, Container* container = nullptr, std::optional<int> index = {}) {
+    const auto place = static_cast<std::ptrdiff_t>(controls_.size());
     auto control = std::make_unique<Kind>(*this, std::move(name), container, index);
     Kind& added = *control;
-    controls_.push_back(std::move(control));
+    controls_.insert(controls_.begin() + place, std::move(control));
     return added;
   }
 
