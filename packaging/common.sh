@@ -2,9 +2,9 @@
 # Sourced with the working directory at the root of the checkout.
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libminizip-dev zlib1g-dev
-                libisal-dev fonts-dejavu-core
+                libisal-dev libcairo2-dev fonts-dejavu-core
                 libgtest-dev libpugixml-dev python3)  # the tests' own, which configuring asks for
-test_packages=(python3-openpyxl clang-tidy)
+test_packages=(python3-openpyxl poppler-utils clang-tidy)
 # Its package would drive out a LibreOffice with windows, so it is wanted only where there is none at all.
 command -v soffice >/dev/null || test_packages+=(libreoffice-calc-nogui)
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev googletest  # its sources

@@ -19,6 +19,8 @@
 
 namespace vmgv {
 
+class PrintPort;
+
 // What a view is told. Nothing is told while Redraw is off; what was missed follows when it is on again.
 class GridObserver {
  public:
@@ -77,7 +79,10 @@ class GridEngine {
   }
   // As a view shows it: the value list's text, else the value as text; "" for Null. A header's whole text
   // stands in the leftmost column; a footer's counts stand in brackets.
-  std::string displayText(std::int32_t position, std::int32_t column) const;
+  std::string displayText(std::int32_t position, std::int32_t column) const {
+    return displayText(displayRow(position), column);
+  }
+  std::string displayText(const DisplayRow& row, std::int32_t column) const;
   std::string previewText(const DisplayRow& row) const;  // "" without a preview column and of no record
   Alignment alignment(std::int32_t column) const;
   bool isSummed(std::int32_t column) const;  // by footers
@@ -148,6 +153,10 @@ class GridEngine {
   std::int32_t previewLines() const;        // to be shown below each record: 0 to kMostPreviewLines
   static constexpr std::int32_t kMostPreviewLines = 50;
   PrinterProperties& printer() noexcept { return printer_; }
+  const PrinterProperties& printer() const noexcept { return printer_; }
+  // What the grid prints by, of its host, which takes it away before it goes. Null: the grid cannot print.
+  PrintPort* printPort() const noexcept { return printPort_; }
+  void setPrintPort(PrintPort* port) noexcept { printPort_ = port; }
 
   // The whole view. setState: Error 5 where its columns are not this grid's, or its keys make no sense.
   GridState state() const;
@@ -219,6 +228,7 @@ class GridEngine {
   mutable RowStyles styles_;
   mutable bool stylesAreStale_ = true;
   PrinterProperties printer_;
+  PrintPort* printPort_ = nullptr;
   Value previewColumn_{Null{}};
   std::vector<GridState::Foreign> foreign_;
   bool multiSelect_ = true;

@@ -79,8 +79,7 @@ std::string GridEngine::textOf(Value value, std::int32_t column) const {
   return shownText(std::move(value), this->column(column).valueList.get());
 }
 
-std::string GridEngine::displayText(std::int32_t position, std::int32_t column) const {
-  const DisplayRow row = displayRow(position);
+std::string GridEngine::displayText(const DisplayRow& row, std::int32_t column) const {
   if (row.rowType == kRecordRow) return textOf(recordValue(row.record, column), column);
   if (row.rowType == kGroupFooterRow) {
     std::string text = toText(total(row, column));

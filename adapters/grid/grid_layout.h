@@ -11,6 +11,7 @@
 
 #include "adapters/grid/column_data.h"
 #include "grid/contract.h"
+#include "support/pages/page_setup.h"
 
 namespace vmgv {
 
@@ -109,6 +110,7 @@ struct PrinterProperties {
   std::array<std::string, 3> header, footer;  // left, centre, right
   bool translateColors = false;
   bool repeatHeaders = true;
+  PageSetup setup;
 };
 
 }  // namespace vmgv

@@ -4,8 +4,10 @@
 #include "adapters/grid/condition_objects.h"
 #include "adapters/grid/grid_part.h"
 #include "adapters/grid/key_objects.h"
+#include "adapters/grid/pages/grid_pages.h"
 #include "adapters/grid/row_objects.h"
 #include "adapters/grid/setting_objects.h"
+#include "support/pages/page_objects.h"
 
 namespace vmgv {
 namespace {
@@ -20,6 +22,7 @@ class GridObject final : public GridPart<GridObject> {
         conditions_(makeFmtConditionsObject(engine_)) {}
 
   static const ClassTable<GridObject>& table();
+  std::shared_ptr<void> listen(EventSink& sink) override { return events_->connect(sink); }
 
  private:
   const GridSettings& settings() const { return engine_->settings(); }
@@ -37,12 +40,22 @@ class GridObject final : public GridPart<GridObject> {
     }
     return row_;
   }
-  [[noreturn]] static Value noPrinting(const char* member) {
-    throw Error(ErrorNumber::MemberNotFound, std::string("This grid cannot print yet (") + member + ')');
+  void printPreview(const ObjectRef& preview, bool onlySelected) {
+    auto pages = std::make_shared<GridPages>(engine_, events_, onlySelected);
+    previewed_ = pages;
+    preview.call("ShowPages", objectOf(std::move(pages)));
+  }
+  // What is seen in a preview is what comes out of the printer, the selected rows or all.
+  void printGrid(bool showDialog) {
+    std::shared_ptr<GridPages> pages = previewed_.lock();
+    if (!pages) pages = std::make_shared<GridPages>(engine_, events_, false);
+    pages->print(showDialog);
   }
 
   ObjectRef columns_, sortKeys_, groups_, conditions_;
   ObjectRef row_;  // a RowObject
+  std::shared_ptr<EventSource> events_ = std::make_shared<EventSource>();
+  std::weak_ptr<GridPages> previewed_;  // while a preview has them
 };
 
 const ClassTable<GridObject>& GridObject::table() {
@@ -95,8 +108,12 @@ const ClassTable<GridObject>& GridObject::table() {
           {"RowCount", 0, [](G& g, Args) -> Value { return g.engine_->rowCount(); }},
           {"GetRowData", 1, [](G& g, Args args) { return g.rowData(toLong(args[0])); }},
           {"PrinterProperties", 0, [](G& g, Args) -> Value { return makePrinterObject(g.engine_); }},
-          {"PrintPreview", 2, [](G&, Args) -> Value { return noPrinting("PrintPreview"); }},
-          {"PrintGrid", 1, [](G&, Args) -> Value { return noPrinting("PrintGrid"); }},
+          {"PrintPreview", 2,
+           [](G& g, Args args) -> Value {
+             return g.printPreview(args[0].object(), args.has(1) && toBoolean(args[1])), Value();
+           }},
+          {"PrintGrid", 1,
+           [](G& g, Args args) -> Value { return g.printGrid(args.has(0) && toBoolean(args[0])), Value(); }},
       });
   return table;
 }

@@ -36,6 +36,8 @@ class FontObject final : public GridPart<FontObject> {
   }
 };
 
+constexpr double kLongestPaper = 14400;  // what a PDF page can be, 200 inches
+
 class PrinterObject final : public GridPart<PrinterObject> {
  public:
   using GridPart::GridPart;
@@ -52,12 +54,35 @@ class PrinterObject final : public GridPart<PrinterObject> {
              [](P& p, Args, const Value& v) { p.printer().translateColors = toBoolean(v); }},
             {"RepeatHeaders", 0, [](P& p, Args) -> Value { return p.printer().repeatHeaders; },
              [](P& p, Args, const Value& v) { p.printer().repeatHeaders = toBoolean(v); }},
+            {"PaperWidth", 0, [](P& p, Args) -> Value { return p.setup().paper.width; },
+             [](P& p, Args, const Value& v) { p.setup().paper.width = paperLength(v); }},
+            {"PaperHeight", 0, [](P& p, Args) -> Value { return p.setup().paper.height; },
+             [](P& p, Args, const Value& v) { p.setup().paper.height = paperLength(v); }},
+            {"LeftMargin", 0, [](P& p, Args) -> Value { return p.setup().left; },
+             [](P& p, Args, const Value& v) { p.setup().left = margin(v); }},
+            {"TopMargin", 0, [](P& p, Args) -> Value { return p.setup().top; },
+             [](P& p, Args, const Value& v) { p.setup().top = margin(v); }},
+            {"RightMargin", 0, [](P& p, Args) -> Value { return p.setup().right; },
+             [](P& p, Args, const Value& v) { p.setup().right = margin(v); }},
+            {"BottomMargin", 0, [](P& p, Args) -> Value { return p.setup().bottom; },
+             [](P& p, Args, const Value& v) { p.setup().bottom = margin(v); }},
         });
     return table;
   }
 
  private:
   PrinterProperties& printer() { return engine_->printer(); }
+  PageSetup& setup() { return printer().setup; }
+  static double paperLength(const Value& points) {
+    const double length = toDouble(points);
+    if (length > 0 && length <= kLongestPaper) return length;
+    throw Error(ErrorNumber::InvalidCall, "Paper cannot be " + toText(points) + " points long");
+  }
+  static double margin(const Value& points) {
+    const double length = toDouble(points);
+    if (length >= 0 && length <= kLongestPaper) return length;
+    throw Error(ErrorNumber::InvalidCall, "A margin cannot be " + toText(points) + " points wide");
+  }
   static std::string& at(std::array<std::string, 3>& texts, const Value& position) {
     return texts[placeOf(position, texts.size(), "the page's header or footer")];
   }

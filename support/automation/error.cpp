@@ -20,6 +20,7 @@ const char* standardDescription(ErrorNumber number) {
     case ErrorNumber::CannotCreateObject: return "ActiveX component can't create object";
     case ErrorNumber::MemberNotFound: return "Object doesn't support this property or method";
     case ErrorNumber::ArgumentCount: return "Wrong number of arguments or invalid property assignment";
+    case ErrorNumber::Printer: return "Printer error";
     case ErrorNumber::Application: return "Application-defined or object-defined error";
   }
   return "Application-defined or object-defined error";

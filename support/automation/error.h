@@ -24,6 +24,7 @@ enum class ErrorNumber : std::int32_t {
   CannotCreateObject = 429,
   MemberNotFound = 438,
   ArgumentCount = 450,
+  Printer = 482,
   Application = 1004,  // the spreadsheet's "application-defined error"
 };
 

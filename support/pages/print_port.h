@@ -8,16 +8,9 @@
 #include <string>
 
 #include "support/pages/page_fonts.h"
+#include "support/pages/page_setup.h"
 
 namespace vmgv {
-
-// Paper and its margins in points. The paper is as it lies in front of the reader: landscape paper is wider
-// than high.
-struct PageSetup {
-  PageSize paper{595.276, 841.89};                                  // A4
-  double left = 42.52, top = 42.52, right = 42.52, bottom = 42.52;  // 15 mm
-  bool operator==(const PageSetup&) const = default;
-};
 
 // What the user chose in the print dialog.
 struct PrintOrder {
