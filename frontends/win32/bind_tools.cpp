@@ -3,9 +3,12 @@
 
 #include <commctrl.h>
 
+#include <cmath>
+
 #include "frontends/win32/binding.h"
+#include "frontends/win32/paint.h"
 #include "frontends/win32/surface.h"
-#include "support/forms/tool_button.h"
+#include "support/forms/tool_picture.h"
 
 namespace vmgv {
 namespace {
@@ -13,20 +16,8 @@ namespace {
 using Picture = ToolButton::Picture;
 
 constexpr DWORD kToggleStyle = BS_3STATE | BS_PUSHLIKE, kPushStyle = BS_PUSHBUTTON | BS_NOTIFY;
-constexpr int kFaint = 40;  // percent of the text's colour in a sign that nobody has set
-
-void drawCross(HDC context, const RECT& around, COLORREF colour) noexcept {
-  const int side = (around.bottom - around.top) / 3, thick = (side + 4) / 5;
-  const int left = (around.left + around.right - side) / 2, top = (around.top + around.bottom - side) / 2;
-  const HPEN pen = CreatePen(PS_SOLID, thick, colour);
-  const HGDIOBJ before = SelectObject(context, pen);
-  MoveToEx(context, left, top, nullptr);
-  LineTo(context, left + side, top + side);
-  MoveToEx(context, left + side, top, nullptr);
-  LineTo(context, left, top + side);
-  SelectObject(context, before);
-  DeleteObject(pen);
-}
+constexpr int kPictureShare = 67;  // percent of the button's height
+constexpr int kFaint = 40;         // percent of the text's colour in a sign that nobody has set
 
 void drawLetter(HDC context, Picture picture, RECT area, COLORREF colour) noexcept {
   LOGFONTW look{};
@@ -39,24 +30,43 @@ void drawLetter(HDC context, Picture picture, RECT area, COLORREF colour) noexce
   const HGDIOBJ before = SelectObject(context, font);
   SetBkMode(context, TRANSPARENT);
   SetTextColor(context, colour);
-  const wchar_t* const letter = picture == Picture::Bold        ? L"B"
-                                : picture == Picture::Italic    ? L"I"
-                                : picture == Picture::Underline ? L"U"
-                                                                : L"S";
-  DrawTextW(context, letter, 1, &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+  const auto letter = static_cast<wchar_t>(*letterOf(picture));
+  DrawTextW(context, &letter, 1, &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
   SelectObject(context, before);
   DeleteObject(font);
 }
 
-void drawPicture(HDC context, Picture picture, const RECT& area, COLORREF colour) noexcept {
-  switch (picture) {
-    case Picture::None: return;
-    case Picture::Delete: return drawCross(context, area, colour);
-    case Picture::Bold:
-    case Picture::Italic:
-    case Picture::Underline:
-    case Picture::Strikeout: return drawLetter(context, picture, area, colour);
+// As fine as the lines are, steps would show: they are drawn larger on a copy of what lies below.
+void drawStrokes(HDC context, std::span<const ToolStroke> strokes, const RECT& square, COLORREF colour) {
+  constexpr int kFiner = 4;
+  const int side = square.right - square.left, fine = side * kFiner;
+  const MemoryBitmap large(context, {fine, fine});
+  const HDC canvas = large.context();
+  StretchBlt(canvas, 0, 0, fine, fine, context, square.left, square.top, side, side, SRCCOPY);
+  const float unit = static_cast<float>(fine) / kToolSquare;
+  const LOGBRUSH solid{BS_SOLID, colour, 0};
+  const HPEN pen = ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_SQUARE | PS_JOIN_MITER,
+                                static_cast<DWORD>(kToolStroke * unit), &solid, 0, nullptr);
+  const HGDIOBJ penBefore = SelectObject(canvas, pen);
+  SetDCBrushColor(canvas, colour);
+  for (const ToolStroke& stroke : strokes) {
+    std::vector<POINT> points;
+    for (const auto& [x, y] : stroke.points) points.push_back({std::lround(x * unit), std::lround(y * unit)});
+    SelectObject(canvas, GetStockObject(stroke.filled ? DC_BRUSH : HOLLOW_BRUSH));
+    (stroke.closed ? Polygon : Polyline)(canvas, points.data(), static_cast<int>(points.size()));
   }
+  SelectObject(canvas, penBefore);
+  DeleteObject(pen);
+  SetStretchBltMode(context, HALFTONE);
+  SetBrushOrgEx(context, 0, 0, nullptr);
+  StretchBlt(context, square.left, square.top, side, side, canvas, 0, 0, fine, fine, SRCCOPY);
+}
+
+void drawPicture(HDC context, Picture picture, const RECT& area, COLORREF colour) {
+  if (letterOf(picture)) return drawLetter(context, picture, area, colour);
+  const LONG side = (area.bottom - area.top) * kPictureShare / 100;
+  const LONG left = (area.left + area.right - side) / 2, top = (area.top + area.bottom - side) / 2;
+  drawStrokes(context, strokesOf(picture), {left, top, left + side, top + side}, colour);
 }
 
 // One that stays pressed is a check box with a third state to assistive technology. To the eye it is a button

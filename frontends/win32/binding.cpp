@@ -7,6 +7,7 @@
 #include "frontends/win32/scopes.h"
 #include "support/automation/error.h"
 #include "support/forms/colour_field.h"
+#include "support/forms/page_preview.h"
 #include "support/forms/tool_button.h"
 
 namespace vmgv {
@@ -29,6 +30,7 @@ class Binder final : public ControlVisitor {
   void visit(ListView& control) override { made = bind(control, parent_); }
   void visit(Menu& control) override { made = bind(control, parent_); }
   void visit(OptionButton& control) override { made = bind(control, parent_); }
+  void visit(PagePane& control) override { made = bind(control, parent_); }
   void visit(PictureBox& control) override { made = bind(control, parent_); }
   void visit(ProgressBar& control) override { made = bind(control, parent_); }
   void visit(TextBox& control) override { made = bind(control, parent_); }

@@ -92,6 +92,7 @@ std::unique_ptr<Binding> bind(ListBox& list, HWND parent);
 std::unique_ptr<Binding> bind(ListView& list, HWND parent);
 std::unique_ptr<Binding> bind(Menu& menu, HWND parent);
 std::unique_ptr<Binding> bind(OptionButton& button, HWND parent);
+std::unique_ptr<Binding> bind(PagePane& pane, HWND parent);
 std::unique_ptr<Binding> bind(PictureBox& box, HWND parent);
 std::unique_ptr<Binding> bind(ProgressBar& bar, HWND parent);
 std::unique_ptr<Binding> bind(TextBox& box, HWND parent);

@@ -13,12 +13,14 @@
 namespace vmgv {
 namespace {
 
-constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
-constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
-
 // A dialog without controls, as the platform reads it: no menu, the usual class, no title.
 struct EmptyTemplate {
-  DLGTEMPLATE head{.style = kStyle, .dwExtendedStyle = kExtendedStyle};
+  explicit EmptyTemplate(bool resizable) {
+    head.style = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+    head.style |= resizable ? WS_THICKFRAME | WS_MAXIMIZEBOX : DS_MODALFRAME;
+    head.dwExtendedStyle = WS_EX_CONTROLPARENT | (resizable ? 0 : WS_EX_DLGMODALFRAME);
+  }
+  DLGTEMPLATE head{};
   WORD menu = 0, windowClass = 0, title = 0;
 };
 
@@ -51,7 +53,7 @@ bool isArrow(Key key) { return key == Key::Left || key == Key::Up || key == Key:
 FormWindow::FormWindow(Form& form, FormHost& host, FontBook& fonts, HWND owner)
     : form_(form), host_(host), fonts_(fonts), units_(dpiAround(owner)) {
   const ThemeScope theme;
-  const EmptyTemplate empty;
+  const EmptyTemplate empty(form.resizable);
   window_ =
       CreateDialogIndirectParamW(thisModule(), &empty.head, owner, procedure, reinterpret_cast<LPARAM>(this));
   if (!window_) throw Error(ErrorNumber::OutOfMemory, form.name() + " cannot be shown");
@@ -146,11 +148,7 @@ void FormWindow::focusWanted() {
 
 void FormWindow::followForm() {
   SetWindowTextW(window_, wide(form_.caption()).c_str());
-  const SIZE inside = units_.pixels(form_.size());
-  RECT box{0, 0, inside.cx, inside.cy};
-  AdjustWindowRectExForDpi(&box, kStyle, FALSE, kExtendedStyle, static_cast<UINT>(units_.dpi()));
-  SetWindowPos(window_, nullptr, 0, 0, box.right - box.left, box.bottom - box.top,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  drag(form_.size());
   POINT at{};
   if (GetCursorPos(&at) && GetAncestor(WindowFromPoint(at), GA_ROOT) == window_) {
     SetCursor(cursor(form_.pointer()));
@@ -172,9 +170,32 @@ void FormWindow::markDefault() {
   }
 }
 
+SIZE FormWindow::outside(Size inside) const noexcept {
+  const SIZE size = units_.pixels(inside);
+  RECT box{0, 0, size.cx, size.cy};
+  AdjustWindowRectExForDpi(&box, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
+                           static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)),
+                           static_cast<UINT>(units_.dpi()));
+  return {box.right - box.left, box.bottom - box.top};
+}
+
+void FormWindow::drag(Size inside) {
+  const SIZE size = outside(inside);
+  SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The window may also have its size from the form.
+void FormWindow::followSize(SIZE inside) {
+  const SIZE known = units_.pixels(form_.size());
+  if (inside.cx == known.cx && inside.cy == known.cy) return;
+  host_.run([&] { host_.resize(form_, units_.dpi(), units_.twips(inside)); });
+}
+
 void FormWindow::setDpi(int dpi) {
+  const Size before = form_.size();
   units_ = Units(dpi);
   host_.layOut(form_, dpi);
+  if (form_.resizable) host_.resize(form_, dpi, before);
   form_.takeChanges();
   followForm();
   for (const auto& control : form_.controls()) binding(*control).follow(units_, fonts_);
@@ -195,7 +216,8 @@ bool FormWindow::translate(const MSG& message) {
   Control* focused = found == controls_.end() ? nullptr : found->second;
   const bool listIsOpen =
       dynamic_cast<ComboBox*>(focused) && SendMessageW(message.hwnd, CB_GETDROPPEDSTATE, 0, 0);
-  if (listIsOpen && *key != Key::Tab) return false;  // walks over the entries, takes one, closes the list
+  if (listIsOpen && *key != Key::Tab && *key != Key::F1)
+    return false;  // walks over the entries, takes one, closes the list
   const int shift = shiftState();
   if (pressKey(focused, *key, shift)) return true;
 
@@ -279,6 +301,15 @@ INT_PTR FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         if (form_.isOpen()) form_.closeByUser();
       });
       return TRUE;
+    case WM_GETMINMAXINFO: {
+      if (!form_.resizable) return FALSE;
+      const SIZE least = outside(form_.smallest());
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+      return TRUE;
+    }
+    case WM_SIZE:
+      if (form_.resizable && wParam != SIZE_MINIMIZED) followSize({LOWORD(lParam), HIWORD(lParam)});
+      return FALSE;
     case WM_SETCURSOR:
       if (LOWORD(lParam) != HTCLIENT || form_.pointer() == Pointer::Default) return FALSE;
       SetCursor(cursor(form_.pointer()));

@@ -16,6 +16,8 @@ class FormHost : public UserActs {
  public:
   // Lays the form out for a monitor of that density.
   virtual void layOut(Form& form, int dpi) = 0;
+  // Gives a form that the user has resized the size of its window.
+  virtual void resize(Form& form, int dpi, Size size) = 0;
 };
 
 class FormWindow {
@@ -34,6 +36,8 @@ class FormWindow {
   Control* focusedControl() const;
   void focus(const Control& control);
 
+  // As a hand that drags the window's corner until its inside has this size.
+  void drag(Size inside);
   // Over the thread's other windows, which take no input from now on.
   void show();
   // Shows the changes of the model; once the form is closed the window is gone for the user.
@@ -52,6 +56,8 @@ class FormWindow {
   void focusWanted();
   void markDefault();
   void setDpi(int dpi);
+  void followSize(SIZE inside);
+  SIZE outside(Size inside) const noexcept;  // with the frame
   void centreOver(HWND owner);
   bool pressKey(Control* focused, Key key, int shift);
   bool discards(const MSG& message);

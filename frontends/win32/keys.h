@@ -18,11 +18,16 @@ inline std::optional<Key> formKey(WPARAM code) noexcept {
     case VK_RETURN:
     case VK_ESCAPE:
     case VK_SPACE:
+    case VK_PRIOR:
+    case VK_NEXT:
+    case VK_END:
+    case VK_HOME:
     case VK_LEFT:
     case VK_UP:
     case VK_RIGHT:
     case VK_DOWN:
     case VK_DELETE:
+    case VK_F1:
     case VK_F2:
     case VK_F4: return static_cast<Key>(code);
     default: return letterOrDigit ? std::optional(static_cast<Key>(code)) : std::nullopt;

@@ -4,6 +4,7 @@
 
 #include "frontends/com/text.h"
 #include "support/forms/colour_field.h"
+#include "support/forms/page_preview.h"
 #include "support/forms/tool_button.h"
 
 namespace vmgv {
@@ -15,6 +16,7 @@ constexpr int kFieldPadding = 6;
 constexpr int kSwatchWidth = 40;
 constexpr int kBarWidth = 107, kBarHeight = 8;
 constexpr int kFramePadding = 8;
+constexpr int kPaneWidth = 160, kPaneHeight = 120;
 // In pixels: the platform does not scale what it draws around the text of a field.
 constexpr int kFieldBorder = 4;
 constexpr int kRule = 2;  // an etched line
@@ -68,6 +70,7 @@ class Measure final : public ControlVisitor {
   void visit(Frame& frame) override {
     size_ = {text_.extent(wide(frame.caption())).cx + 2 * x(kFramePadding), text_.lineHeight() + kRule};
   }
+  void visit(PagePane&) override { size_ = {x(kPaneWidth), y(kPaneHeight)}; }
   void visit(PictureBox&) override {}
   void visit(Line&) override { size_ = {0, kRule}; }
   void visit(ProgressBar&) override { size_ = {x(kBarWidth), y(kBarHeight)}; }

@@ -252,6 +252,12 @@ void Win32Desktop::layOut(Form& form, int dpi) {
   layoutDpi_ = before;
 }
 
+void Win32Desktop::resize(Form& form, int dpi, Size size) {
+  const int before = std::exchange(layoutDpi_, dpi);
+  form.resize(*this, size);
+  layoutDpi_ = before;
+}
+
 // Of the monitor on which the next dialog will be.
 Units Win32Desktop::units() const noexcept {
   if (layoutDpi_ != 0) return Units(layoutDpi_);
@@ -268,6 +274,12 @@ Size Win32Desktop::naturalSize(const Control& control) {
 Insets Win32Desktop::insets(const Container& container) {
   const DpiScope dpi;
   return naturalInsets(container, fonts_, units());
+}
+
+Size Win32Desktop::workArea() {
+  const DpiScope dpi;
+  const RECT area = workAreaAround(owner());
+  return units().twips({area.right - area.left, area.bottom - area.top});
 }
 
 Size Win32Desktop::pixel() const {

@@ -48,6 +48,7 @@ class Win32Desktop : public WindowPort, public User, private FormHost {
   void doEvents() override;
   Size naturalSize(const Control& control) override;
   Insets insets(const Container& container) override;
+  Size workArea() override;
   Size pixel() const override;
 
   Form* form() override;
@@ -83,6 +84,7 @@ class Win32Desktop : public WindowPort, public User, private FormHost {
   class BoxWatch;  // lets the idle handler act while a box of the platform runs its own message loop
 
   void layOut(Form& form, int dpi) override;
+  void resize(Form& form, int dpi, Size size) override;
   void followAll();
   void loop(FormWindow& window, const std::function<void()>& giveUp);
   void process(MSG& message);

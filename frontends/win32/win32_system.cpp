@@ -117,6 +117,12 @@ std::vector<std::string> Win32System::screenFonts() {
   return names;
 }
 
+std::string Win32System::mediumDate() {
+  wchar_t text[64] = L"";
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, 0, nullptr, L"dd-MMM-yy", text, 64, nullptr);
+  return narrow(text);
+}
+
 std::string Win32System::commonFilesFolder() {
   wchar_t folder[MAX_PATH] = L"";
   SHGetFolderPathW(nullptr, CSIDL_PROGRAM_FILES_COMMON, nullptr, SHGFP_TYPE_CURRENT, folder);

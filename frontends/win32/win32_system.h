@@ -19,6 +19,7 @@ class Win32System final : public SystemPort {
   std::optional<DesktopFonts> desktopFonts() override;
   std::int32_t pixelsPerInch() override;
   std::vector<std::string> screenFonts() override;
+  std::string mediumDate() override;
   // A string below HKEY_LOCAL_MACHINE: in this program's own view of the registry, else in the other width's.
   std::string setting(const std::string& key, const std::string& name,
                       const std::string& defaultValue) override;

@@ -177,8 +177,8 @@ Control* Win32Desktop::focused() {
 void Win32Desktop::resize(Size size) {
   FormWindow& window = topWindow();
   if (size.width < 1 || size.height < 1) throw CannotDo("a window has a width and a height");
-  window.form().setSize(size);
-  followAll();
+  if (!window.form().resizable) throw CannotDo("the window of " + window.form().name() + " has a fixed size");
+  window.drag(size);
 }
 
 void Win32Desktop::closeWindow() {

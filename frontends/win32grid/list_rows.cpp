@@ -4,51 +4,12 @@
 #include <numeric>
 
 #include "frontends/win32/keys.h"
+#include "frontends/win32/paint.h"
 
 namespace vmgv {
 namespace {
 
 constexpr int kShiftStep = 24;  // pixels of a usual monitor
-
-// What is painted appears at once.
-class Canvas {
- public:
-  Canvas(HDC screen, SIZE size)
-      : screen_(screen),
-        size_(size),
-        memory_(CreateCompatibleDC(screen)),
-        bitmap_(CreateCompatibleBitmap(screen, size.cx, size.cy)),
-        before_(SelectObject(memory_, bitmap_)) {}
-  Canvas(const Canvas&) = delete;
-  Canvas& operator=(const Canvas&) = delete;
-  ~Canvas() {
-    BitBlt(screen_, 0, 0, size_.cx, size_.cy, memory_, 0, 0, SRCCOPY);
-    SelectObject(memory_, before_);
-    DeleteObject(bitmap_);
-    DeleteDC(memory_);
-  }
-  HDC context() const noexcept { return memory_; }
-
- private:
-  HDC screen_;
-  SIZE size_;
-  HDC memory_;
-  HBITMAP bitmap_;
-  HGDIOBJ before_;
-};
-
-class PaintScope {
- public:
-  explicit PaintScope(HWND window) noexcept : window_(window) { BeginPaint(window, &paint_); }
-  PaintScope(const PaintScope&) = delete;
-  PaintScope& operator=(const PaintScope&) = delete;
-  ~PaintScope() { EndPaint(window_, &paint_); }
-  HDC context() const noexcept { return paint_.hdc; }
-
- private:
-  HWND window_;
-  PAINTSTRUCT paint_{};
-};
 
 }  // namespace
 
