@@ -34,6 +34,17 @@ bool isAscii(char c) { return static_cast<signed char>(c) >= 0; }
 
 char weightOf(char ascii) { return static_cast<char>(kAscii[static_cast<unsigned char>(ascii)].weight); }
 
+// Of U+0380 to U+03FF as two bytes, the first of them 0xCE or 0xCF; 0 for all else.
+char greekWeight(char lead, char trail) {
+  static const std::array<char, 128> weights = [] {
+    std::array<char, 128> made{};
+    for (char32_t c = 0; c < made.size(); ++c) made[c] = static_cast<char>(letterOf(0x380 + c).weight);
+    return made;
+  }();
+  const auto high = static_cast<unsigned char>(lead) - 0xCEu;
+  return high < 2 ? weights[high << 6 | (static_cast<unsigned char>(trail) & 0x3Fu)] : '\0';
+}
+
 struct Expansion {
   char32_t character;
   const char* letters;
@@ -244,9 +255,19 @@ void appendFoldedText(std::string_view text, std::string& folded) {
   folded.resize(before + kMostFolded * text.size());
   char* out = folded.data() + before;
   for (;;) {
-    std::size_t ascii = 0;
-    for (; ascii < text.size() && isAscii(text[ascii]); ++ascii) *out++ = weightOf(text[ascii]);
-    text.remove_prefix(ascii);
+    std::size_t plain = 0;
+    for (; plain < text.size(); ++plain) {
+      const char c = text[plain];
+      if (isAscii(c)) {
+        *out++ = weightOf(c);
+      } else if (const char weight = plain + 1 < text.size() ? greekWeight(c, text[plain + 1]) : '\0') {
+        *out++ = weight;
+        ++plain;
+      } else {
+        break;
+      }
+    }
+    text.remove_prefix(plain);
     if (text.empty()) break;
     const char32_t c = takeCharacter(text);
     if (isCombining(c)) continue;
@@ -259,6 +280,12 @@ void appendFoldedText(std::string_view text, std::string& folded) {
     }
   }
   folded.resize(static_cast<std::size_t>(out - folded.data()));
+}
+
+char asciiWeight(char character) noexcept { return weightOf(character); }
+
+bool hasAsciiLetter(char weight) noexcept {
+  return isAscii(weight) && weight != kOtherMark && weight < static_cast<char>(kGreekWeight);
 }
 
 std::vector<std::uint32_t> textRanks(const TextPool& texts) { return Ranking(texts).ranks(); }

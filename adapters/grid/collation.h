@@ -20,6 +20,10 @@ void appendSortKey(std::string_view text, std::string& keys);
 // compare as their texts do where these differ in more, and contain each other as their texts do.
 void appendFoldedText(std::string_view text, std::string& folded);
 
+// What an ASCII character is when folded, and whether some ASCII character folds to this byte.
+char asciiWeight(char character) noexcept;
+bool hasAsciiLetter(char weight) noexcept;
+
 // By code: equal texts have equal ranks, and ranks leave no gaps.
 std::vector<std::uint32_t> textRanks(const TextPool& texts);
 

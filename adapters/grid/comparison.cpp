@@ -245,13 +245,16 @@ void Comparison::lookForText(const FormatCondition& condition, const ValueList* 
   if (isAbsent(condition.value1)) return;
   std::string part = shownText(condition.value1, list);
   if (!list && column_->type() == ColumnType::Number) part = plainNumber(part).value_or(part);
-  part_ = folded(part);
+  part_ = TextPart(folded(part));
   without_ = condition.op == kDoesNotContain;
   kind_ = Kind::Contains;
 }
 
 bool Comparison::textMatches(CellText& cell) const {
-  if (kind_ == Kind::Contains) return (cell.folded().find(part_) == std::string_view::npos) == without_;
+  if (kind_ == Kind::Contains) {
+    const std::optional<bool> known = part_.isIn(cell.text());
+    return (known ? *known : part_.isInFolded(cell.folded())) != without_;
+  }
   if (numbersInTexts_) {
     if (const auto number = numberInText(cell.text())) return numbersInTexts_->holds(*number);
   }

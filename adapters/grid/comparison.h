@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "adapters/grid/grid_layout.h"
+#include "adapters/grid/text_part.h"
 
 namespace vmgv {
 
@@ -103,7 +104,7 @@ class Comparison {
   Range<double> number_;     // of dates, moments
   Range<std::string> text_;  // folded
   std::optional<Range<double>> numbersInTexts_, datesInTexts_;
-  std::string part_;      // that a text contains, folded
+  TextPart part_;         // that a text contains
   bool without_ = false;  // or does not contain
 };
 

@@ -1,7 +1,9 @@
 // Which records format conditions match: every operator on every type of column.
 #include <cmath>
+#include <random>
 #include <sstream>
 
+#include "adapters/grid/collation.h"
 #include "fixture.h"
 
 namespace vmgv {
@@ -124,6 +126,34 @@ TEST(Comparison, HoldsForEveryOperatorOnEveryType) {
       EXPECT_EQ(matches(*engine), signs) << c.what << ", operator " << op;
     }
   }
+}
+
+// Texts are searched as they are where that is enough; it must find what their folded forms contain.
+TEST(Comparison, FindsPartsWithoutFoldingWhatItFindsWithIt) {
+  const char* const letters[] = {"a", "A", "e", "y", "Y", "\t", " ",      "-", "7", "á", "Ä",
+                                 "ά", "Α", "α", "ς", "æ", "ß",  "\u0301", "ỹ", "Ж", "中"};
+  std::mt19937 random(7);
+  const auto text = [&](std::size_t most, std::size_t kinds) {
+    std::string made;
+    for (std::size_t i = random() % (most + 1); i > 0; --i) made += letters[random() % kinds];
+    return made;
+  };
+  int answered = 0, found = 0;
+  for (int i = 0; i < 20000; ++i) {
+    const std::size_t kinds = i % 2 == 0 ? 15 : std::size(letters);
+    std::string part, folded;
+    appendFoldedText(text(3, kinds), part);
+    const std::string whole = text(60, kinds);
+    appendFoldedText(whole, folded);
+    const TextPart wanted(part);
+    const std::optional<bool> known = wanted.isIn(whole);
+    if (!known) continue;
+    ++answered;
+    found += *known ? 1 : 0;
+    ASSERT_EQ(*known, wanted.isInFolded(folded)) << whole << " / " << part;
+  }
+  EXPECT_GT(answered, 5000);
+  EXPECT_GT(found, 1000);
 }
 
 }  // namespace
