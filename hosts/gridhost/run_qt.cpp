@@ -6,6 +6,7 @@
 #include <QUrl>
 #include <iostream>
 
+#include "frontends/qt/qt_printing.h"
 #include "hosts/gridhost/core_session.h"
 #include "hosts/gridhost/files.h"
 #include "hosts/gridhost/main_window.h"
@@ -41,6 +42,9 @@ int runNative(const Options& options) {
   CoreSession session(desktop, options);
   session.documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
   session.load();
+
+  QtPrinting printing(desktop);
+  session.engine()->setPrintPort(&printing);
 
   MainWindow window(session, desktop);
   desktop.setMainWindow(&window);

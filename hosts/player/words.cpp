@@ -12,11 +12,23 @@ namespace {
 constexpr std::pair<const char*, ShiftState> kPrefixes[]{
     {"ctrl+", kControl}, {"alt+", kAlt}, {"shift+", kShift}};
 
-constexpr std::pair<const char*, Key> kKeys[]{
-    {"enter", Key::Return},        {"esc", Key::Escape}, {"tab", Key::Tab},
-    {"space", Key::Space},         {"left", Key::Left},  {"up", Key::Up},
-    {"right", Key::Right},         {"down", Key::Down},  {"delete", Key::Delete},
-    {"backspace", Key::Backspace}, {"f2", Key::F2},      {"f4", Key::F4}};
+constexpr std::pair<const char*, Key> kKeys[]{{"enter", Key::Return},
+                                              {"esc", Key::Escape},
+                                              {"tab", Key::Tab},
+                                              {"space", Key::Space},
+                                              {"left", Key::Left},
+                                              {"up", Key::Up},
+                                              {"right", Key::Right},
+                                              {"down", Key::Down},
+                                              {"delete", Key::Delete},
+                                              {"backspace", Key::Backspace},
+                                              {"f1", Key::F1},
+                                              {"f2", Key::F2},
+                                              {"f4", Key::F4},
+                                              {"pageup", Key::PageUp},
+                                              {"pagedown", Key::PageDown},
+                                              {"home", Key::Home},
+                                              {"end", Key::End}};
 
 }  // namespace
 

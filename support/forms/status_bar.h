@@ -12,7 +12,7 @@ class StatusBar final : public PictureBox {
       : PictureBox(form, std::move(name), container, index),
         label_(form.add<Label>(this->name() + ".text", this)) {
     const auto margin = [] { return layout::Node(); };
-    content = layout::row({margin(), layout::column({margin(), layout::item(label_).stretch(), margin()})});
+    content = layout::row({margin(), layout::column({margin(), layout::item(label_), margin()}).stretch()});
   }
   std::string_view typeName() const noexcept override { return ToolButton::kTypeName; }
 
