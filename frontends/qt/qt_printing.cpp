@@ -1,9 +1,11 @@
 #include "frontends/qt/qt_printing.h"
 
+#include <QDir>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStandardPaths>
 
 #include "adapters/pdf/pdf_fonts.h"
 #include "adapters/pdf/pdf_job.h"
@@ -14,21 +16,29 @@ namespace vmgv {
 namespace {
 
 constexpr int kPrinterError = 482;
-constexpr double kPointsPerInch = 72;
+constexpr double kPointsPerInch = 72, kMillimetresPerInch = 25.4;
 
+// In millimetres, for Qt has whole points alone.
 QPageLayout layoutOf(const PageSetup& setup) {
-  const QSizeF paper(setup.paper.width, setup.paper.height);
+  constexpr auto mm = [](double points) { return points * kMillimetresPerInch / kPointsPerInch; };
+  const QSizeF paper(mm(setup.paper.width), mm(setup.paper.height));
   const bool landscape = paper.width() > paper.height();
-  const QPageSize size(landscape ? paper.transposed() : paper, QPageSize::Point, QString(),
+  const QPageSize size(landscape ? paper.transposed() : paper, QPageSize::Millimeter, QString(),
                        QPageSize::FuzzyMatch);
   return {size, landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-          QMarginsF(setup.left, setup.top, setup.right, setup.bottom), QPageLayout::Point};
+          QMarginsF(mm(setup.left), mm(setup.top), mm(setup.right), mm(setup.bottom)),
+          QPageLayout::Millimeter};
 }
 
-void take(const QPageLayout& layout, PageSetup& setup) {
-  const QRectF paper = layout.fullRect(QPageLayout::Point);
-  const QMarginsF margins = layout.margins(QPageLayout::Point);
-  setup = {{paper.width(), paper.height()}, margins.left(), margins.top(), margins.right(), margins.bottom()};
+PageSetup setupOf(const QPageLayout& layout) {
+  constexpr auto points = [](double mm) { return mm * kPointsPerInch / kMillimetresPerInch; };
+  const QRectF paper = layout.fullRect(QPageLayout::Millimeter);
+  const QMarginsF margins = layout.margins(QPageLayout::Millimeter);
+  return {{points(paper.width()), points(paper.height())},
+          points(margins.left()),
+          points(margins.top()),
+          points(margins.right()),
+          points(margins.bottom())};
 }
 
 class PaperJob final : public PrintJob {
@@ -78,17 +88,22 @@ bool QtPrinting::askPageSetup(PageSetup& setup) {
   printer_->setPageLayout(layoutOf(setup));
   QPageSetupDialog dialog(printer_.get(), desktop_.owner());
   if (!desktop_.takes(dialog, Box::Kind::PageSetup)) return false;
-  take(printer_->pageLayout(), setup);
+  setup = setupOf(printer_->pageLayout());
   return true;
 }
 
 std::optional<PrintOrder> QtPrinting::askPrint(PageSetup& setup, std::int32_t pages) {
   printer_->setPageLayout(layoutOf(setup));
+  if (QPrinterInfo::availablePrinters().isEmpty()) {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QDir().mkpath(folder);
+    printer_->setOutputFileName(folder + QStringLiteral("/vmGridViews.pdf"));
+  }
   QPrintDialog dialog(printer_.get(), desktop_.owner());
   dialog.setMinMax(1, pages);
   dialog.setOption(QAbstractPrintDialog::PrintToFile);
   if (!desktop_.takes(dialog, Box::Kind::Print)) return {};
-  take(printer_->pageLayout(), setup);
+  setup = setupOf(printer_->pageLayout());
   PrintOrder order;
   if (printer_->printRange() == QPrinter::PageRange) {
     order.firstPage = printer_->fromPage();

@@ -6,7 +6,9 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 #include <filesystem>
 
 #include "frontends/qt/colour.h"
@@ -20,8 +22,18 @@
 namespace vmgv {
 namespace {
 
-// Its button box is not the only one: the dialog has its buttons in a box without Ok, too.
+// What Qt asks on its own, as whether a file is to be replaced, the user agrees to.
+void agree() {
+  auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (!question) return;
+  QAbstractButton* yes = question->button(QMessageBox::Yes);
+  (yes ? yes : question->buttons().constFirst())->click();
+}
+
 void answerPrinting(QDialog& dialog, MessageResult result) {
+  QTimer agreeing;
+  QObject::connect(&agreeing, &QTimer::timeout, &agree);
+  agreeing.start(0);
   const auto role = result == MessageResult::Ok ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole;
   for (auto* box : dialog.findChildren<QDialogButtonBox*>()) {
     for (QAbstractButton* button : box->buttons()) {
