@@ -4,10 +4,10 @@
 #include <zlib.h>
 
 #include <algorithm>
-#include <memory>
 
 #include "adapters/workbook/bytes.h"
 #include "adapters/workbook/compound_file.h"
+#include "adapters/workbook/inflater.h"
 #include "support/automation/class_table.h"
 #include "support/automation/error.h"
 
@@ -50,38 +50,6 @@ class WideFields {
 
  private:
   std::string_view fields_;
-};
-
-class Inflater {
- public:
-  Inflater() { ready_ = inflateInit2(&stream_, -MAX_WBITS) == Z_OK; }
-  Inflater(const Inflater&) = delete;
-  Inflater& operator=(const Inflater&) = delete;
-  ~Inflater() {
-    if (ready_) inflateEnd(&stream_);
-  }
-  // Hands on what `packed` unpacks to, as long as `take` wants more; false where it is no such stream.
-  template <class Take>
-  bool inflate(std::string_view packed, Take take) {
-    if (!ready_) return false;
-    stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(packed.data()));
-    stream_.avail_in = static_cast<uInt>(packed.size());
-    do {
-      stream_.next_out = reinterpret_cast<Bytef*>(text_.get());
-      stream_.avail_out = static_cast<uInt>(kBlock);
-      const int result = ::inflate(&stream_, Z_NO_FLUSH);
-      if (result != Z_OK && result != Z_STREAM_END && result != Z_BUF_ERROR) return false;
-      if (!take(std::string_view(text_.get(), kBlock - stream_.avail_out))) return false;
-      ended_ = result == Z_STREAM_END;
-    } while (!ended_ && stream_.avail_out == 0);
-    return true;
-  }
-  bool hasEnded() const noexcept { return ended_; }
-
- private:
-  z_stream stream_{};
-  std::unique_ptr<char[]> text_{new char[kBlock]};
-  bool ready_ = false, ended_ = false;
 };
 
 }  // namespace

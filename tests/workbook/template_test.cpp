@@ -203,7 +203,7 @@ Parts templateParts() {
       "indent='1'/></x:xf>"
       "</x:cellXfs></x:styleSheet>";
   parts["xl/sheets/d.xml"] =
-      "<worksheet><sheetPr filterMode='1'/><dimension ref='A1:F9'/><cols><col min='2' max='4' style='1' "
+      "<worksheet><sheetPr filterMode='1'/><dimension ref='A1:F9'/><cols>\n<col min='2' max='4' style='1' "
       "hidden='1'/></cols>"
       "<sheetData><row r='1' spans='1:2'><c r='A1' s='2' t='s'><v>0</v></c></row><row r='2' hidden='1' "
       "ht='9'/>"
