@@ -58,7 +58,8 @@ void refuseWorkbook(const std::string& path, const std::string& reason) {
   throw Error(ErrorNumber::Application, "The workbook " + path + " cannot be opened: " + reason);
 }
 
-PackageReader::PackageReader(std::string path) : path_(std::move(path)), file_(path_) {
+PackageReader::PackageReader(std::string path, const std::string& file)
+    : path_(std::move(path)), file_(file) {
   requireContainer();
   readDirectory();
 }
@@ -74,8 +75,8 @@ void PackageReader::requireContainer() const {
   const std::string start = file_.read(0, 8);
   if (start.starts_with(kHeader)) return;
   if (!isCompoundFile(start)) refuse("it is no workbook");
-  if (compoundFileHas(file_, u"EncryptedPackage")) refuse("it is protected by a password");
-  refuse("it is a workbook of the format before 2007; save it as .xlsx or .xltx");
+  const bool isProtected = CompoundFile(file_).find(u"EncryptedPackage").has_value();
+  refuse(isProtected ? "it is protected by a password" : "it is a workbook of the format before 2007");
 }
 
 std::string PackageReader::directory() const {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <functional>
+#include <numeric>
 #include <set>
 #include <unordered_map>
 
@@ -90,26 +90,46 @@ class CellReader {
   std::string mark_;
 };
 
-// False where the column's texts are too many or too long.
-bool findLines(const PackedStream& rows, int column, const std::function<double(std::string_view)>& dataOf,
-               Pivot& pivot) {
-  const CellReader labels(column);
-  std::unordered_map<std::u32string, std::size_t> places;
-  pivot.lines.clear();
-  const bool whole = eachRow(rows, [&](std::string_view row) {
-    const std::string_view label = labels.textIn(row);
-    if (utf16Units(label) > kMostLabel) return false;
-    const auto [found, isNew] = places.try_emplace(folded(label), pivot.lines.size());
-    if (isNew && pivot.lines.size() == kMostLines) return false;
-    if (isNew) pivot.lines.push_back({std::string(label)});
-    pivot.lines[found->second].result += dataOf(row);
-    return true;
-  });
-  const auto order = [](const PivotLine& line) { return std::pair(line.label.empty(), folded(line.label)); };
-  std::sort(pivot.lines.begin(), pivot.lines.end(),
-            [&order](const PivotLine& a, const PivotLine& b) { return order(a) < order(b); });
-  return whole;
-}
+// The lines found so far, by their texts. A spelling that has come before is found without folding it again.
+class LineFinder {
+ public:
+  // Null where there is no room for another one.
+  double* resultOf(std::string_view label) {
+    const auto known = spellings_.find(label);
+    if (known != spellings_.end()) return &lines_[known->second].result;
+    if (utf16Units(label) > kMostLabel || spellings_.size() == kMostLines) return nullptr;
+    std::u32string key = folded(label);
+    const auto [place, isNew] = places_.try_emplace(key, lines_.size());
+    spellings_.emplace(label, place->second);
+    if (isNew) {
+      lines_.push_back({std::string(label)});
+      keys_.push_back(std::move(key));
+    }
+    return &lines_[place->second].result;
+  }
+  // By their texts, the blank one last.
+  std::vector<PivotLine> sorted() const {
+    std::vector<std::size_t> order(lines_.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::sort(order.begin(), order.end(), [this](std::size_t a, std::size_t b) {
+      return std::pair(keys_[a].empty(), keys_[a]) < std::pair(keys_[b].empty(), keys_[b]);
+    });
+    std::vector<PivotLine> lines;
+    lines.reserve(order.size());
+    for (const std::size_t place : order) lines.push_back(lines_[place]);
+    return lines;
+  }
+
+ private:
+  struct Hash : std::hash<std::string_view> {
+    using is_transparent = void;
+  };
+
+  std::vector<PivotLine> lines_;
+  std::vector<std::u32string> keys_;  // theirs
+  std::unordered_map<std::u32string, std::size_t> places_;
+  std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> spellings_;
+};
 
 }  // namespace
 
@@ -145,7 +165,16 @@ Pivot summarise(const SheetStream& sheet) {
   const PackedStream& rows = sheet.rowsXml();
   for (int column = nextOf(Cell::Kind::Text, 1); column <= columns && !pivot.lineField;
        column = nextOf(Cell::Kind::Text, column + 1)) {
-    if (findLines(rows, column, dataOf, pivot)) pivot.lineField = column;
+    const CellReader labels(column);
+    LineFinder lines;
+    const bool fits = eachRow(rows, [&](std::string_view row) {
+      double* const result = lines.resultOf(labels.textIn(row));
+      if (result) *result += dataOf(row);
+      return result != nullptr;
+    });
+    if (!fits) continue;  // too many texts, or too long
+    pivot.lineField = column;
+    pivot.lines = lines.sorted();
   }
   if (!pivot.lineField) {
     pivot.lines = {{}};
