@@ -1,7 +1,11 @@
-// export_rows ROWS.csv OUT.xlsx [null]: the product's whole export, dialog and all, without a screen.
-// With "null" the spreadsheet is one that takes every call and does nothing: what remains is the cost of the
-// late-bound calls, of the grid's values and of the engine.
-#include <cstring>
+// export_rows ROWS.csv OUT.xlsx [null | pivot | qt | TEMPLATE]: the product's whole export, dialog and all,
+// without a screen.
+//   null   the spreadsheet is one that takes every call and does nothing: what remains is the cost of the
+//   late-bound
+//          calls, of the grid's values and of the engine
+//   pivot  with a pivot table
+//   qt     on Qt, whose windows follow the progress
+#include <QApplication>
 
 #include "adapters/grid/csv_source.h"
 #include "adapters/grid/grid_object.h"
@@ -9,6 +13,7 @@
 #include "bench/measure.h"
 #include "control/vmgr_edit.h"
 #include "frontends/headless/headless_desktop.h"
+#include "frontends/qt/qt_desktop.h"
 #include "frontends/user/steps.h"
 
 namespace {
@@ -37,11 +42,38 @@ class NullExcel final : public Object {
   }
 };
 
-int run(int count, char** arguments) {
-  const bool nullExcel = count == 4 && std::strcmp(arguments[3], "null") == 0;
+// Answers with the export's CPU seconds.
+template <class Desktop>
+double exportRows(Desktop& desktop, const std::shared_ptr<GridEngine>& engine, const std::string& mode,
+                  WorkbookHost& host) {
+  EmbeddedStringService strings;
+  strings.setLanguage(kEnglish);
+  desktop.objectFactory = [&](const std::string&) {
+    return mode == "null" ? makeObject<NullExcel>() : makeWorkbookApplication(host);
+  };
+  Application application(desktop, desktop, strings);
+  const ObjectRef control = makeObject<vmgrEdit>(application);
+  control.putRef("Grid", makeGridObject(engine));
+  const bool fills = !mode.empty() && mode != "null" && mode != "qt" && mode != "pivot";
+  const auto named = [&desktop](const char* name) -> Control& { return *desktop.form()->find(name); };
+  Steps user(desktop, {[&] {
+               if (mode == "pivot") desktop.click(named("chkPivot"));
+               if (fills) desktop.enter(named("txtTemplate"), mode);
+               desktop.click(named("cmdOK"));
+             }});
+  const double start = bench::cpuSeconds();
+  control.call("ShowExcel");
+  const double seconds = bench::cpuSeconds() - start;
+  user.finish();
+  if (!desktop.boxes().empty()) throw Error(ErrorNumber::InvalidCall, desktop.boxes().back().text);
+  return seconds;
+}
+
+int run(int& count, char** arguments) {
   Host host(arguments[2]);
+  const std::string mode = count == 4 ? arguments[3] : "";
   auto engine = std::make_shared<GridEngine>();
-  double start = bench::cpuSeconds();
+  const double start = bench::cpuSeconds();
   {
     CsvSource source(arguments[1]);
     engine->load(source);
@@ -50,21 +82,16 @@ int run(int count, char** arguments) {
   bench::report("rows", engine->rowCount());
   bench::report("load_peak_mb", bench::peakMegabytes());
 
-  EmbeddedStringService strings;
-  strings.setLanguage(kEnglish);
-  HeadlessDesktop desktop;
-  desktop.objectFactory = [&](const std::string&) {
-    return nullExcel ? makeObject<NullExcel>() : makeWorkbookApplication(host);
-  };
-  Application application(desktop, desktop, strings);
-  const ObjectRef control = makeObject<vmgrEdit>(application);
-  control.putRef("Grid", makeGridObject(engine));
-  Steps user(desktop, {[&] { desktop.click(*desktop.form()->find("cmdOK")); }});
-  start = bench::cpuSeconds();
-  control.call("ShowExcel");
-  const double seconds = bench::cpuSeconds() - start;
-  user.finish();
-  if (!desktop.boxes().empty()) throw Error(ErrorNumber::InvalidCall, desktop.boxes().back().text);
+  double seconds = 0;
+  if (mode == "qt") {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(count, arguments);
+    QtDesktop desktop;
+    seconds = exportRows(desktop, engine, mode, host);
+  } else {
+    HeadlessDesktop desktop;
+    seconds = exportRows(desktop, engine, mode, host);
+  }
   bench::report("export_cpu_s", seconds);
   bench::report("ns_per_cell", seconds * 1e9 / engine->rowCount() / engine->columnCount());
   bench::report("peak_mb", bench::peakMegabytes());
@@ -74,8 +101,8 @@ int run(int count, char** arguments) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count < 3) {
-    std::fprintf(stderr, "usage: export_rows ROWS.csv OUT.xlsx [null]\n");
+  if (count != 3 && count != 4) {
+    std::fprintf(stderr, "usage: export_rows ROWS.csv OUT.xlsx [null | pivot | qt | TEMPLATE]\n");
     return 2;
   }
   try {

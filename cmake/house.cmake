@@ -8,6 +8,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 include(CTest)
 include(GoogleTest)
 option(VMG_BENCH "Build the benchmarks and their peers" OFF)
+option(VMG_FUZZ "Build the fuzz targets, by Clang" OFF)
 option(VMG_PRECOMPILE "Compile the standard headers once for all libraries" OFF)
 option(VMG_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 
@@ -28,6 +29,10 @@ if(VMG_SANITIZE)
   target_compile_options(vmg_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                -fno-omit-frame-pointer)
   target_link_options(vmg_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(VMG_FUZZ)  # on top of the sanitizers
+  target_compile_options(vmg_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 if(WIN32)  # one self-contained file each: no run-time library of the compiler beside it

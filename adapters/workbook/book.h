@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "adapters/workbook/pivot.h"
 #include "adapters/workbook/sheet_stream.h"
 #include "adapters/workbook/styles.h"
 #include "adapters/workbook/template_fill.h"
@@ -35,6 +36,11 @@ class Book {
     return *sheet_;
   }
 
+  // A new workbook will have a pivot table over its rows, which are all there. Error 1004 where it can have
+  // none.
+  void addPivot();
+  bool hasPivot() const noexcept { return hasPivot_; }
+
   // Writes the workbook to `path` in one step: where it fails nothing is left, and it may be tried again.
   // Returns the number of rows.
   std::int64_t publish(const std::string& path);
@@ -49,9 +55,11 @@ class Book {
   std::string name_;
   std::string sheetName_ = "Sheet1";
   State state_ = State::Filling;
+  bool hasPivot_ = false;
   std::unique_ptr<TemplateFill> fill_;
   StyleTable styles_;
   std::optional<SheetStream> sheet_;
+  std::optional<Pivot> pivot_;
 };
 
 }  // namespace vmgv::workbook

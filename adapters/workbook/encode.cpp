@@ -164,11 +164,23 @@ char* encodeNumber(char* out, double number) {
 }
 
 std::string attributeText(std::string_view text) {
-  std::string result(text.size() * kMaxGrowth, '\0');
+  std::string encoded(text.size() * kMaxGrowth, '\0');
   TextShape shape;
-  result.resize(static_cast<std::size_t>(encodeText(result.data(), text, shape) - result.data()));
-  for (std::size_t at = 0; (at = result.find('"', at)) != std::string::npos;) result.replace(at, 1, "&quot;");
-  return result;
+  encoded.resize(static_cast<std::size_t>(encodeText(encoded.data(), text, shape) - encoded.data()));
+  return quotedText(encoded);
+}
+
+std::string quotedText(std::string_view encoded) {
+  std::string quoted;
+  for (const char c : encoded) {
+    switch (c) {
+      case '"': quoted += "&quot;"; break;
+      case '\n': quoted += "_x000a_"; break;
+      case '\t': quoted += "_x0009_"; break;
+      default: quoted += c;
+    }
+  }
+  return quoted;
 }
 
 std::size_t utf16Units(std::string_view text) {

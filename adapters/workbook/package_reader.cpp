@@ -4,10 +4,10 @@
 #include <zlib.h>
 
 #include <algorithm>
-#include <memory>
 
 #include "adapters/workbook/bytes.h"
 #include "adapters/workbook/compound_file.h"
+#include "adapters/workbook/inflater.h"
 #include "support/automation/class_table.h"
 #include "support/automation/error.h"
 
@@ -52,45 +52,14 @@ class WideFields {
   std::string_view fields_;
 };
 
-class Inflater {
- public:
-  Inflater() { ready_ = inflateInit2(&stream_, -MAX_WBITS) == Z_OK; }
-  Inflater(const Inflater&) = delete;
-  Inflater& operator=(const Inflater&) = delete;
-  ~Inflater() {
-    if (ready_) inflateEnd(&stream_);
-  }
-  // Hands on what `packed` unpacks to, as long as `take` wants more; false where it is no such stream.
-  template <class Take>
-  bool inflate(std::string_view packed, Take take) {
-    if (!ready_) return false;
-    stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(packed.data()));
-    stream_.avail_in = static_cast<uInt>(packed.size());
-    do {
-      stream_.next_out = reinterpret_cast<Bytef*>(text_.get());
-      stream_.avail_out = static_cast<uInt>(kBlock);
-      const int result = ::inflate(&stream_, Z_NO_FLUSH);
-      if (result != Z_OK && result != Z_STREAM_END && result != Z_BUF_ERROR) return false;
-      if (!take(std::string_view(text_.get(), kBlock - stream_.avail_out))) return false;
-      ended_ = result == Z_STREAM_END;
-    } while (!ended_ && stream_.avail_out == 0);
-    return true;
-  }
-  bool hasEnded() const noexcept { return ended_; }
-
- private:
-  z_stream stream_{};
-  std::unique_ptr<char[]> text_{new char[kBlock]};
-  bool ready_ = false, ended_ = false;
-};
-
 }  // namespace
 
 void refuseWorkbook(const std::string& path, const std::string& reason) {
   throw Error(ErrorNumber::Application, "The workbook " + path + " cannot be opened: " + reason);
 }
 
-PackageReader::PackageReader(std::string path) : path_(std::move(path)), file_(path_) {
+PackageReader::PackageReader(std::string path, const std::string& file)
+    : path_(std::move(path)), file_(file) {
   requireContainer();
   readDirectory();
 }
@@ -106,8 +75,8 @@ void PackageReader::requireContainer() const {
   const std::string start = file_.read(0, 8);
   if (start.starts_with(kHeader)) return;
   if (!isCompoundFile(start)) refuse("it is no workbook");
-  if (compoundFileHas(file_, u"EncryptedPackage")) refuse("it is protected by a password");
-  refuse("it is a workbook of the format before 2007; save it as .xlsx or .xltx");
+  const bool isProtected = CompoundFile(file_).find(u"EncryptedPackage").has_value();
+  refuse(isProtected ? "it is protected by a password" : "it is a workbook of the format before 2007");
 }
 
 std::string PackageReader::directory() const {

@@ -28,7 +28,9 @@ class PackageReader {
  public:
   // Error 75 for a file that is not there or cannot be read, 1004 for one that is no such container, naming
   // what it is instead where that can be told: empty, protected by a password, of the old format.
-  explicit PackageReader(std::string path);
+  explicit PackageReader(const std::string& path) : PackageReader(path, path) {}
+  // Reads another file than the one that it speaks of.
+  PackageReader(std::string path, const std::string& file);
 
   const std::string& path() const noexcept { return path_; }
   const std::vector<PackagePart>& parts() const noexcept { return parts_; }

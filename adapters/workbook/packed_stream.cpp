@@ -1,6 +1,7 @@
 // Packing and spooling of long texts.
 #include "adapters/workbook/packed_stream.h"
 
+#include "adapters/workbook/inflater.h"
 #include "support/automation/error.h"
 
 namespace vmgv::workbook {
@@ -33,18 +34,27 @@ void PackedStream::pack(Deflater::Then then) {
   torn_ = false;
 }
 
-void PackedStream::copyTo(const std::function<void(std::string_view)>& sink) const {
+void PackedStream::eachBlock(const std::function<bool(std::string_view)>& sink) const {
   if (spooled_ > 0) {
     Buffer block;
     for (std::uint64_t offset = 0; offset < spooled_;) {
       char* bytes = block.room(kBlock);
       const std::size_t count = file_->read(offset, bytes, kBlock);
       if (count == 0) throw Error(ErrorNumber::DeviceIo, "The workbook's working file was cut short");
-      sink({bytes, count});
+      if (!sink({bytes, count})) return;
       offset += count;
     }
   }
   sink(packed_.text());
+}
+
+void PackedStream::copyTo(const std::function<void(std::string_view)>& sink) const {
+  eachBlock([&sink](std::string_view block) { return sink(block), true; });
+}
+
+void PackedStream::readText(const std::function<bool(std::string_view)>& sink) const {
+  Inflater inflater;
+  eachBlock([&](std::string_view block) { return inflater.inflate(block, sink); });
 }
 
 }  // namespace vmgv::workbook

@@ -35,12 +35,15 @@ class PackedStream {
   std::uint64_t textSize() const noexcept { return textSize_; }
   std::uint64_t packedSize() const noexcept { return spooled_ + packed_.size(); }
   void copyTo(const std::function<void(std::string_view)>& sink) const;
+  // The text again, in pieces, as long as `sink` returns true; the stream has ended.
+  void readText(const std::function<bool(std::string_view)>& sink) const;
 
  private:
   static constexpr std::size_t kBlock = std::size_t{256} * 1024;  // igzip is slower on smaller ones
   static constexpr std::size_t kSpool = std::size_t{64} * 1024;
 
   void pack(Deflater::Then then);
+  void eachBlock(const std::function<bool(std::string_view)>& sink) const;
 
   std::string folder_;
   Buffer text_;

@@ -55,9 +55,8 @@ void SheetFrame::readHead(XmlScanner& xml) {
     propertiesEnd_ = xml.end();
   }
   if (name == "cols") {
-    while (xml.next() == Token::Start) {
-      columns_.add(xml);
-      xml.skipElement();
+    for (Token token = xml.next(); token != Token::End || xml.depth() > 1; token = xml.next()) {
+      if (token == Token::Start && xml.name() == "col") columns_.add(xml);
     }
     columnsBegin_ = begin;
     columnsEnd_ = xml.end();

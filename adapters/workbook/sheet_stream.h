@@ -47,6 +47,11 @@ class SheetStream {
   bool hasMerges() const noexcept { return merged_.has_value(); }
   void completeRow();
   void writeTo(Package& package, const std::string& part) const;
+  // The XML of the rows, of a complete sheet.
+  const PackedStream& rowsXml() const noexcept { return rows_; }
+  // Whether the column's cells below the first row have contents of this one kind; merged cells have none.
+  bool holdsOnly(int column, Cell::Kind kind) const;
+  void showBehind() noexcept { selected_ = false; }  // another sheet is the one to open
   std::int64_t rows() const noexcept { return rowCount_; }
 
  private:
@@ -54,9 +59,10 @@ class SheetStream {
     std::array<char, 3> letters{};
     unsigned char letterCount = 0;
     bool fitted = false;
-    int widest = 0;   // characters
-    Style style = 0;  // of a new cell
-    Cell cell;        // of the current row where the cell's own row says so
+    int widest = 0;           // characters
+    unsigned char kinds = 0;  // of the contents below the first row, a bit each; 1 for merged cells
+    Style style = 0;          // of a new cell
+    Cell cell;                // of the current row where the cell's own row says so
   };
 
   template <class Change>
@@ -90,6 +96,7 @@ class SheetStream {
   int row_ = 0;               // the current one
   int lastColumn_ = 0;        // of the rows completed
   std::int64_t rowCount_ = 0;
+  bool selected_ = true;
   PackedStream rows_;
   std::optional<PackedStream> merged_, head_, tail_;
 };

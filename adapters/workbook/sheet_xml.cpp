@@ -26,6 +26,10 @@ char* put(char* out, std::string_view text) {
   return out + text.size();
 }
 
+unsigned char kindBit(Cell::Kind kind) {
+  return static_cast<unsigned char>(1u << static_cast<unsigned>(kind));
+}
+
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 }  // namespace
@@ -65,7 +69,7 @@ void SheetStream::completeRow() {
 
   lastColumn_ = std::max(lastColumn_, lastWritten);
   used_.right = std::max(used_.right, touched_.back());
-  if (frame_ && row_ == 1) noteHeaders();
+  if (row_ == 1) noteHeaders();
   for (const Area& area : merges_) {
     lastColumn_ = std::max(lastColumn_, area.right);
     if (!merged_) merged_.emplace(folder_).text().append(kMergesStart);
@@ -130,8 +134,14 @@ char* SheetStream::encodeCell(char* out, Column& column, std::string_view rowDig
       break;
     }
   }
+  if (row_ > 1) column.kinds |= kindBit(merged ? Cell::Kind::Blank : cell.kind);
   if (!merged) column.widest = std::max(column.widest, width);  // AutoFit passes merged cells over
   return out;
+}
+
+bool SheetStream::holdsOnly(int column, Cell::Kind kind) const {
+  return static_cast<std::size_t>(column) <= columns_.size() &&
+         columns_[static_cast<std::size_t>(column) - 1].kinds == kindBit(kind);
 }
 
 bool SheetStream::isMerged(int column) const {
@@ -174,8 +184,8 @@ std::string SheetStream::head() const {
   }
   return std::string(kXmlHead) +
          "<worksheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><dimension ref=\"" +
-         areaName(written) +
-         "\"/><sheetViews><sheetView tabSelected=\"1\" workbookViewId=\"0\"/></sheetViews>"
+         areaName(written) + "\"/><sheetViews><sheetView" + (selected_ ? " tabSelected=\"1\"" : "") +
+         " workbookViewId=\"0\"/></sheetViews>"
          "<sheetFormatPr defaultRowHeight=\"15\"/>" +
          SheetColumns().xml(fitted) + "<sheetData>";
 }

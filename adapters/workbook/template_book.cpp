@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/workbook/old_workbook.h"
 #include "adapters/workbook/xml_scanner.h"
 #include "support/automation/class_table.h"
 
@@ -9,6 +10,12 @@ namespace vmgv::workbook {
 namespace {
 
 using Token = XmlScanner::Token;
+
+PackageReader packageOf(const std::string& path) {
+  if (!isOldWorkbook(path)) return PackageReader(path);
+  const ConvertedWorkbook converted(path);
+  return {path, converted.path()};
+}
 
 std::string lastWord(const std::string& uri) { return uri.substr(uri.rfind('/') + 1); }
 
@@ -46,7 +53,8 @@ std::string resolvePart(const std::string& from, std::string_view target) {
   return part;
 }
 
-TemplateBook::TemplateBook(const std::string& path) : package_(path), workbookPart_(findWorkbook()) {
+TemplateBook::TemplateBook(const std::string& path)
+    : package_(packageOf(path)), workbookPart_(findWorkbook()) {
   requireKnownKind();
   readSheets();
   // Damage is told now, not when half of the rows are written.

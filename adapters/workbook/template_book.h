@@ -26,10 +26,10 @@ std::string relationshipPart(const std::string& part);
 // A relationship's target as the part that it names, seen from the part that refers to it.
 std::string resolvePart(const std::string& from, std::string_view target);
 
-// One that was saved as .xlsx, .xltx, .xlsm or .xltm, whatever its name says.
+// One that was saved as .xlsx, .xltx, .xlsm or .xltm, or as .xls or .xlt, whatever its name says.
 class TemplateBook {
  public:
-  // As PackageReader throws; Error 1004 also where the parts do not make a workbook.
+  // As PackageReader and ConvertedWorkbook throw; Error 1004 also where the parts do not make a workbook.
   explicit TemplateBook(const std::string& path);
 
   const PackageReader& package() const noexcept { return package_; }

@@ -3,21 +3,14 @@
 #include <algorithm>
 #include <vector>
 
+#include "adapters/workbook/folded_text.h"
 #include "adapters/workbook/xml_edit.h"
 #include "adapters/workbook/xml_scanner.h"
-#include "support/automation/class_table.h"
 
 namespace vmgv::workbook {
 namespace {
 
 using Token = XmlScanner::Token;
-
-// A line feed in a header stands in the column's name as this.
-std::string columnName(std::string_view header) {
-  std::string name;
-  for (const char c : header) c == '\n' ? name += "_x000a_" : name += c;
-  return name;
-}
 
 }  // namespace
 
@@ -31,8 +24,8 @@ TableFacts tableFacts(std::string_view xml) {
 }
 
 bool canHeadTable(std::span<const std::string> headers) {
-  std::vector<std::string> names;
-  for (const std::string& header : headers) names.push_back(lowerCase(header));
+  std::vector<std::u32string> names;
+  for (const std::string& header : headers) names.push_back(folded(header));
   std::sort(names.begin(), names.end());
   return !names.empty() && !names.front().empty() &&
          std::adjacent_find(names.begin(), names.end()) == names.end();
@@ -53,7 +46,7 @@ std::string tableOver(std::string_view xml, const Area& written, std::span<const
       std::string added;
       for (; columns < headers.size(); ++columns) {
         const std::string tag = "<" + columnTag + " id=\"" + std::to_string(++lastId) + "\"/>";
-        added += withAttribute(tag, "name", columnName(headers[columns]));
+        added += withAttribute(tag, "name", headers[columns]);
       }
       edit.replace(begin, begin, added);
     }
@@ -75,7 +68,7 @@ std::string tableOver(std::string_view xml, const Area& written, std::span<const
       columnTag = besideName(scanner.token(), "tableColumn");
       lastId = std::max(lastId, std::atoi(scanner.attribute("id").value_or("0").c_str()));
       if (columns < headers.size()) {
-        edit.replace(begin, end, withAttribute(scanner.token(), "name", columnName(headers[columns++])));
+        edit.replace(begin, end, withAttribute(scanner.token(), "name", headers[columns++]));
       } else {
         scanner.skipElement();
         edit.replace(begin, scanner.end(), "");

@@ -39,8 +39,8 @@ class PivotCache final : public Exposed<PivotCache> {
 
  private:
   void refresh() {
-    book_->sheet();  // it is still open to changes
-    book_->fill()->refresh(place_);
+    book_->sheet();                                     // it is still open to changes
+    if (book_->fill()) book_->fill()->refresh(place_);  // a new one is computed when the workbook is complete
   }
 
   std::shared_ptr<Book> book_;
@@ -83,7 +83,7 @@ ObjectRef Workbook::sheets() const {
 
 ObjectRef Workbook::pivotCaches() const {
   std::vector<ObjectRef> caches;
-  const std::size_t count = book_->fill() ? book_->fill()->pivotCaches() : 0;
+  const std::size_t count = book_->fill() ? book_->fill()->pivotCaches() : book_->hasPivot();
   for (std::size_t i = 0; i < count; ++i) caches.push_back(makeObject<PivotCache>(book_, i));
   return makeObject<Collection<PivotCaches>>(std::move(caches));
 }

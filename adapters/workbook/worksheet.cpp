@@ -6,6 +6,22 @@
 #include "support/automation/convert.h"
 
 namespace vmgv::workbook {
+namespace {
+
+// It shows the rows as they are when the workbook is complete.
+class PivotTable final : public Exposed<PivotTable> {
+ public:
+  static const ClassTable<PivotTable>& table() {
+    static const ClassTable<PivotTable> table(
+        "PivotTable", {
+                          {"Name", 0, [](PivotTable&, Args) -> Value { return "PivotTable1"; }},
+                          {"Update", 0, [](PivotTable&, Args) -> Value { return {}; }},
+                      });
+    return table;
+  }
+};
+
+}  // namespace
 
 const ClassTable<Worksheet>& Worksheet::table() {
   static const ClassTable<Worksheet> table(
@@ -15,12 +31,7 @@ const ClassTable<Worksheet>& Worksheet::table() {
           {"Range", 2, [](Worksheet& w, Args args) -> Value { return w.range(args); }},
           {"Name", 0, [](Worksheet& w, Args) -> Value { return w.book_->sheetName(); },
            [](Worksheet& w, Args, const Value& v) { w.book_->setSheetName(toText(v)); }},
-          {"PivotTableWizard", 16,
-           [](Worksheet& w, Args) -> Value {
-             throw Error(
-                 ErrorNumber::Application,
-                 "Pivot tables are not available yet: none can be made in the workbook " + w.book_->name());
-           }},
+          {"PivotTableWizard", 16, [](Worksheet& w, Args args) -> Value { return w.pivotTable(args); }},
       });
   return table;
 }
@@ -48,6 +59,14 @@ Value Worksheet::range(Args args) {
   const Area& second = args.has(1) ? corner(args[1]).area() : first;
   return rangeOf({std::min(first.top, second.top), std::min(first.left, second.left),
                   std::max(first.bottom, second.bottom), std::max(first.right, second.right)});
+}
+
+Value Worksheet::pivotTable(Args args) {
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    if (args.has(i)) throw Error(ErrorNumber::Application, "PivotTableWizard takes no arguments here");
+  }
+  book_->addPivot();
+  return makeObject<PivotTable>();
 }
 
 const Range& Worksheet::corner(const Value& value) const {

@@ -20,6 +20,7 @@ class Worksheet final : public Exposed<Worksheet> {
   ObjectRef rangeOf(const Area& area);
   Value cells(Args args);
   Value range(Args args);
+  Value pivotTable(Args args);
   const Range& corner(const Value& value) const;
 
   std::shared_ptr<Book> book_;

@@ -76,6 +76,8 @@ ListControl& Actions::list(const Word& word) const {
 void Actions::call(Words words) {
   std::vector<Value> arguments;
   for (const Word& word : words.subspan(1)) arguments.push_back(valueOf(word));
+  std::error_code ignored;  // where there can be no such folder, the export says so
+  std::filesystem::create_directories(workbook_.parent_path(), ignored);
   const auto before = writtenAt(workbook_);
   Object& target = *stage_.control;
   target.invoke(target.member(words[0].text), Access::Call, arguments);

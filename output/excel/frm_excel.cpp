@@ -78,8 +78,12 @@ void frmExcel::showOptions() {
 }
 
 void frmExcel::browse() {
-  const FileRequest request{
-      {}, {{"Excel Files (*.xls)", "*.xls"}, {"Excel Template Files (*.xlt)", "*.xlt"}}, "xls"};
+  const FileRequest request{{},
+                            {{"Excel Files (*.xls)", "*.xls"},
+                             {"Excel Template Files (*.xlt)", "*.xlt"},
+                             {"Excel Files (*.xlsx)", "*.xlsx;*.xlsm"},
+                             {"Excel Template Files (*.xltx)", "*.xltx;*.xltm"}},
+                            "xls"};
   const std::string chosen = services_.window.pickFile(request).value_or("");
   chkPivot_->setValue(chosen.empty() ? 0 : 1);
   txtTemplate_->setText(chosen);

@@ -64,6 +64,7 @@ TEST(ExportDialog, ThePivotBoxFollowsTheTemplateField) {
   const FileRequest& request = f.desktop.boxes().at(0).files;
   EXPECT_EQ(request.filters.at(0).patterns, "*.xls");
   EXPECT_EQ(request.filters.at(1).name, "Excel Template Files (*.xlt)");
+  EXPECT_EQ(request.filters.at(3).patterns, "*.xltx;*.xltm");
 }
 
 TEST(ExportDialog, WaysOutThatExportNothing) {

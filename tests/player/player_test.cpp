@@ -141,7 +141,11 @@ TEST_F(PlayerTest, WritesBelowTheOutputFolderOnly) {
   EXPECT_EQ(play("output books/my.xlsx"), 0);
   EXPECT_EQ(workbook_, out_ / "books" / "my.xlsx");
   EXPECT_TRUE(std::filesystem::is_directory(out_ / "books")) << "the export need not create folders";
+  std::filesystem::remove_all(out_);
+  EXPECT_EQ(play("call Echo 1"), 0);
+  EXPECT_TRUE(std::filesystem::is_directory(out_)) << "nor this one";
 
+  EXPECT_EQ(play("output books/my.xlsx"), 0);
   playAll({{"rows books", ":1: " + (out_ / "books").string() + " is a folder\n"}});
   EXPECT_EQ(play("rows half.tsv"), 1) << "this grid has no rows to read";
   EXPECT_FALSE(std::filesystem::exists(out_ / "half.tsv"));

@@ -119,6 +119,29 @@ TEST_F(TemplateTest, PartsThatAreNotRightAreNamed) {
   EXPECT_NE(std::string::npos, refusal().find("nested too deep"));
 }
 
+// A compound file of 512-byte sectors: the table, the directory, and a workbook's stream that begins so.
+std::string oldBook(std::string_view records) {
+  std::string file(11 * 512, '\0');
+  const auto put = [&file](std::size_t at, std::string_view bytes) { file.replace(at, bytes.size(), bytes); };
+  const auto put32 = [&](std::size_t at, std::uint32_t number) {
+    for (std::size_t i = 0; i < 4; ++i) file[at + i] = static_cast<char>(number >> 8 * i);
+  };
+  put(0, "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1");
+  file[30] = 9;
+  put32(48, 1);  // the directory's sector
+  put32(68, 0xFFFFFFFE);
+  for (std::size_t i = 1; i < 109; ++i) put32(76 + 4 * i, 0xFFFFFFFF);
+  put32(516, 0xFFFFFFFE);
+  for (std::uint32_t sector = 2; sector < 10; ++sector)
+    put32(512 + 4 * sector, sector < 9 ? sector + 1 : 0xFFFFFFFE);
+  for (std::size_t i = 0; i < 8; ++i) file[1024 + 2 * i] = "Workbook"[i];
+  file[1024 + 64] = 18;
+  put32(1024 + 116, 2);
+  put32(1024 + 120, 4096);
+  put(1536, records);
+  return file;
+}
+
 TEST_F(TemplateTest, ContainersThatAreNotRightAreRefused) {
   write(goodParts());
   const std::string good = bytes(), compound("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1");
@@ -139,9 +162,12 @@ TEST_F(TemplateTest, ContainersThatAreNotRightAreRefused) {
       {"name,price\nfig,3\n", "it is no workbook"},
       {good.substr(0, good.size() / 2), "it is cut short or damaged"},
       {good.substr(1000), "it is no workbook"},
-      {compound, "it is a workbook of the format before 2007"},
-      {std::string(protectedBook).replace(512, 512, 512, '\0'), "it is a workbook of the format before 2007"},
+      {compound, "it is no workbook, or damaged"},
+      {std::string(protectedBook).replace(512, 512, 512, '\0'), "it is no workbook, or damaged"},
       {protectedBook, "it is protected by a password"},
+      {oldBook("\x2F\x00"), "it is damaged"},
+      {oldBook({"\x09\x08\x02\x00  \x2F", 7}), "it is protected by a password"},
+      {oldBook({"\x09\x08\x02\x00  \x2F", 7}).substr(0, 4096), "it is damaged"},
       {with(directory + 8, {'\1'}), "it is protected by a password"},
       {with(directory + 10, {'\14'}), "packed in a way that is not supported"},
       {with(directory + 16, {'\0', '\0'}), "its part [Content_Types].xml is damaged"},  // the checksum
@@ -203,7 +229,7 @@ Parts templateParts() {
       "indent='1'/></x:xf>"
       "</x:cellXfs></x:styleSheet>";
   parts["xl/sheets/d.xml"] =
-      "<worksheet><sheetPr filterMode='1'/><dimension ref='A1:F9'/><cols><col min='2' max='4' style='1' "
+      "<worksheet><sheetPr filterMode='1'/><dimension ref='A1:F9'/><cols>\n<col min='2' max='4' style='1' "
       "hidden='1'/></cols>"
       "<sheetData><row r='1' spans='1:2'><c r='A1' s='2' t='s'><v>0</v></c></row><row r='2' hidden='1' "
       "ht='9'/>"

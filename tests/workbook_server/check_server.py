@@ -27,7 +27,7 @@ Dim app, sheet, range
 Set app = CreateObject(WScript.Arguments(0))
 app.Workbooks.Add
 Set sheet = app.ActiveSheet
-sheet.Name = "Script"
+sheet.Name = "Data"
 sheet.Cells(1, 1).Value = "text"
 sheet.Cells(1, 2).Value = 1.5
 sheet.Cells(1, 3).Value = True
@@ -43,11 +43,24 @@ Set range = sheet.Range(sheet.Cells(2, 1), sheet.Cells(2, 4))
 range.Merge
 range.WrapText = True
 sheet.Cells(2, 1).Value = "merged"
-WScript.Echo app.Workbooks.Count & " " & sheet.Name & " " & Named("Data") & " " & Named("Script")
+WScript.Echo app.Workbooks.Count & " " & sheet.Name & " " & Named("Script") & " " & Named("Data")
 WScript.Echo Again()
+sheet.PivotTableWizard.Update
 app.Visible = True
 app.Quit
-WScript.Echo "done"
+
+Set app = CreateObject(WScript.Arguments(0))
+Set book = app.Workbooks.Open(WScript.Arguments(1) & "\Book1.xlsx")
+Set sheet = book.Sheets("Data")
+sheet.Cells.ClearContents
+sheet.Cells(1, 1).Value = "name"
+sheet.Cells(2, 1).Value = "fig"
+sheet.Cells.EntireColumn.AutoFit
+For Each cache In book.PivotCaches
+  cache.Refresh
+Next
+app.Visible = True
+WScript.Echo book.PivotCaches.Count & " done"
 '''
 
 
@@ -94,18 +107,23 @@ def same(what, found, wanted):
 def check_script(windows):
     with open(os.path.join(windows.folder, "fill.vbs"), "w", encoding="ascii") as script:
         script.write(SCRIPT)
-    output = windows("cscript.exe", "//nologo", windows.path("fill.vbs"), PROG_ID)
+    output = windows("cscript.exe", "//nologo", windows.path("fill.vbs"), PROG_ID, windows_path(windows.folder))
     same("the script's output", output[-3:], [
-        "1 Script 9 0",
-        "1004 The cell A1 can no longer be changed: the rows above row 2 are written already", "done"])
+        "1 Data 9 0",
+        "1004 The cell A1 can no longer be changed: the rows above row 2 are written already", "0 done"])
     book = openpyxl.load_workbook(os.path.join(windows.folder, "Book1.xlsx"))
-    sheet = book["Script"]
+    sheet = book["Data"]
     same("the script's cells", [cell.value for cell in sheet[1]],
          ["text", 1.5, True, datetime.datetime(2023, 3, 15, 12), "00123", None, 1.5, -12.3456,
           "a & <b>\n007", "x" * 32767])
     same("a text's format", sheet["E1"].number_format, "@")
     same("the merged cells", [str(area) for area in sheet.merged_cells.ranges], ["A2:D2"])
+    same("the pivot table's cells", [[cell.value for cell in row] for row in book["Sheet2"]["A3:A4"]], [["# text"], [1]])
     same("their text", (sheet["A2"].value, sheet["A2"].alignment.wrap_text), ("merged", True))
+    filled = openpyxl.load_workbook(os.path.join(windows.folder, "Book2.xlsx"))
+    same("the filled cells", [filled["Data"][cell].value for cell in ("A1", "A2", "B1")], ["name", "fig", None])
+    source = filled["Sheet2"]._pivots[0].cache.cacheSource.worksheetSource
+    same("the filled pivot table's rows", (source.sheet, source.ref), ("Data", "A1:A2"))
 
 
 def main(run, server, bits):
@@ -123,7 +141,7 @@ def main(run, server, bits):
         windows("regsvr32.exe", "/s", "/n", "/i:" + PROG_ID, dll)
         windows("regsvr32.exe", "/s", "/u", dll)
         same("what has changed in the registry", windows.classes() ^ before, set())
-        same("the files", sorted(os.listdir(folder)), ["Book1.xlsx", "fill.vbs"])
+        same("the files", sorted(os.listdir(folder)), ["Book1.xlsx", "Book2.xlsx", "fill.vbs"])
     print("1 passed, 0 failed")
 
 
