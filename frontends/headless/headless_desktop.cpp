@@ -66,6 +66,14 @@ std::optional<Colour> HeadlessDesktop::pickColour(Colour initial) {
   return open.colour;
 }
 
+bool HeadlessDesktop::confirm(Box::Kind kind) {
+  OpenBox open;
+  open.box.kind = kind;
+  open.result = MessageResult::Cancel;
+  waitFor(open);
+  return open.result == MessageResult::Ok;
+}
+
 void HeadlessDesktop::waitFor(OpenBox& box) {
   boxes_.push_back(box.box);
   const OnTop place(shown_, {nullptr, &box});

@@ -19,6 +19,8 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
   MessageResult messageBox(const std::string& text, MessageStyle style, const std::string& title) override;
   std::optional<std::string> pickFile(const FileRequest& request) override;
   std::optional<Colour> pickColour(Colour initial) override;
+  // Shows a box that is answered with Ok or Cancel, or as by its title bar; true for Ok.
+  bool confirm(Box::Kind kind);
   void doEvents() override {
     if (idle_) idle_->yielding();
   }
@@ -50,7 +52,7 @@ class HeadlessDesktop final : public HeadlessSystem, public WindowPort, public U
  private:
   struct OpenBox {
     Box box;
-    MessageResult result = MessageResult::Ok;  // of a message
+    MessageResult result = MessageResult::Ok;  // of a message or of printing
     std::optional<std::string> path;           // of a file picker
     std::optional<Colour> colour;              // of a colour picker
     bool answered = false;

@@ -213,10 +213,13 @@ void HeadlessDesktop::resize(Size size) {
 void HeadlessDesktop::closeWindow() { topForm().closeByUser(); }
 
 void HeadlessDesktop::answer(MessageResult result) {
-  OpenBox& open = topBox(Box::Kind::Message);
+  const Box::Kind kind = box() ? box()->kind : Box::Kind::Message;
+  const bool printing = kind == Box::Kind::PageSetup || kind == Box::Kind::Print;
+  OpenBox& open = topBox(printing ? kind : Box::Kind::Message);
   const bool yesNo = result == MessageResult::Yes || result == MessageResult::No;
   const bool question = open.box.style == MessageStyle::Question;
-  if (question ? !yesNo : result != MessageResult::Ok) {
+  if (printing && yesNo) throw CannotDo(std::string("the ") + nameOf(kind) + " has OK and Cancel only");
+  if (!printing && (question ? !yesNo : result != MessageResult::Ok)) {
     throw CannotDo(std::string("the message has ") + (question ? "Yes and No" : "OK") + " only");
   }
   open.result = result;

@@ -65,7 +65,7 @@ class UserLinkTo final : public UserLink {
 };
 
 // The far end: a user as everywhere else. The link outlives it.
-class LinkedUser final : public User {
+class LinkedUser : public User {
  public:
   explicit LinkedUser(UserLink& link) noexcept : link_(link) {}
 

@@ -118,36 +118,38 @@ class PagesBinding final : public BindingOf<PagePane> {
     return placesOf(control_, size.cx, size.cy, dpi_ / kPointsPerInch);
   }
 
-  // Scroll bars come and go with what they scroll, and that with the room that they leave.
+  bool isZoomed() const noexcept { return control_.viewMode() == ViewMode::ZoomedIn; }
+
+  // Scroll bars come and go with what they scroll, and that with the room that they leave. Where whole pages
+  // are in sight the vertical one stands for the pages.
   void arrange() {
     if (std::exchange(arranging_, true)) return;
     RECT own{};
     GetWindowRect(window(), &own);
     const SIZE whole{own.right - own.left, own.bottom - own.top};
     const PagePlaces all = placesOf(control_, whole.cx, whole.cy, dpi_ / kPointsPerInch);
-    const bool zoomed = control_.viewMode() == ViewMode::ZoomedIn;
-    const SIZE pages{zoomed ? std::lround(all.width) : 0, zoomed ? std::lround(all.height) : 0};
+    const SIZE pages{isZoomed() ? std::lround(all.width) : 0, isZoomed() ? std::lround(all.height) : 0};
     const LONG bar = GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(dpi_));
     SIZE left = whole;
     if (pages.cy > left.cy) left.cx -= bar;
     if (pages.cx > left.cx) left.cy -= bar;
     if (left.cx == whole.cx && pages.cy > left.cy) left.cx -= bar;
-    origin_.x = showBar(SB_HORZ, pages.cx, left.cx, origin_.x);
-    origin_.y = showBar(SB_VERT, pages.cy, left.cy, origin_.y);
+    origin_ = {std::clamp(origin_.x, 0L, std::max(0L, pages.cx - left.cx)),
+               std::clamp(origin_.y, 0L, std::max(0L, pages.cy - left.cy))};
+    showBar(SB_HORZ, {.nMax = pages.cx - 1, .nPage = static_cast<UINT>(left.cx), .nPos = origin_.x});
+    if (isZoomed()) {
+      showBar(SB_VERT, {.nMax = pages.cy - 1, .nPage = static_cast<UINT>(left.cy), .nPos = origin_.y});
+    } else {
+      showBar(SB_VERT,
+              {.nMin = 1, .nMax = std::max(1, control_.count()), .nPage = 1, .nPos = control_.page()});
+    }
     arranging_ = false;
     repaint();
   }
-  LONG showBar(int bar, LONG length, LONG left, LONG position) const noexcept {
-    const LONG end = std::max(0L, length - left);
-    position = std::clamp(position, 0L, end);
-    SCROLLINFO info{};
+  void showBar(int bar, SCROLLINFO info) const noexcept {
     info.cbSize = sizeof info;
     info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    info.nMax = end == 0 ? 0 : static_cast<int>(length) - 1;
-    info.nPage = end == 0 ? 1 : static_cast<UINT>(std::max(left, 0L));
-    info.nPos = static_cast<int>(position);
     SetScrollInfo(window(), bar, &info, TRUE);
-    return position;
   }
 
   // True where there was something to scroll to.
@@ -175,24 +177,32 @@ class PagesBinding final : public BindingOf<PagePane> {
       case SB_BOTTOM: to = info.nMax; break;
       default: return;
     }
-    bar == SB_VERT ? scrollBy(0, to - info.nPos) : scrollBy(to - info.nPos, 0);
+    if (bar == SB_HORZ) {
+      scrollBy(to - info.nPos, 0);
+    } else if (isZoomed()) {
+      scrollBy(0, to - info.nPos);
+    } else {
+      turn(request == SB_LINEUP ? -1 : request == SB_LINEDOWN ? 1 : to - info.nPos);
+    }
   }
 
-  // At the end of a page the next one begins, and before its beginning lies the end of the one before.
-  void goDown(LONG pixels) {
-    if (scrollBy(0, pixels)) return;
-    wanted_ = control_.page() + (pixels > 0 ? 1 : -1);
-    landAtEnd_ = pixels < 0;
+  void turn(std::int32_t pages) {
+    wanted_ = std::clamp(control_.page() + pages, 1, std::max(control_.count(), 1));
+    landAtEnd_ = pages < 0;
     SendMessageW(GetParent(window()), WM_COMMAND, MAKEWPARAM(0, kTurn), reinterpret_cast<LPARAM>(window()));
     landAtEnd_ = false;
+  }
+  // At the end of a page the next one begins, and before its beginning lies the end of the one before.
+  void goDown(LONG pixels) {
+    if (!scrollBy(0, pixels)) turn(pixels > 0 ? 1 : -1);
   }
   void turnWheel(int delta) {
     UINT lines = 3;
     SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
     const int notches = (wheel_ += delta) / WHEEL_DELTA;
     wheel_ %= WHEEL_DELTA;
-    const LONG most = std::max(room().cy, 1L);
-    const LONG pixels = std::min(static_cast<LONG>(std::min(lines, 100U)) * step(), most);
+    if (!isZoomed()) return notches == 0 ? void() : turn(-notches);
+    const LONG pixels = std::min(static_cast<LONG>(std::min(lines, 100U)) * step(), std::max(room().cy, 1L));
     for (int i = std::abs(notches); i > 0; --i) goDown(notches > 0 ? -pixels : pixels);
   }
   bool pressKey(int key) {
@@ -218,7 +228,7 @@ class PagesBinding final : public BindingOf<PagePane> {
                 {left, top, left + std::max(std::lround(place.rect.width), 1L),
                  top + std::max(std::lround(place.rect.height), 1L)});
     }
-    if (GetFocus() == window()) DrawFocusRect(canvas.context(), &all);
+    if (GetFocus() == window()) FrameRect(canvas.context(), &all, GetSysColorBrush(COLOR_HIGHLIGHT));
   }
 
   void paintPage(HDC context, std::int32_t page, double scale, const RECT& rect) {

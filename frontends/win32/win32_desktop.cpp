@@ -184,48 +184,49 @@ MessageResult Win32Desktop::messageBox(const std::string& text, MessageStyle sty
   return MessageResult::Ok;
 }
 
-std::optional<std::string> Win32Desktop::pickFile(const FileRequest& request) {
+bool Win32Desktop::showBox(Box box, const std::function<bool(HWND owner)>& show) {
   followAll();
-  OpenBox open{{Box::Kind::File, request.title, {}, {}, request}};
+  OpenBox open{std::move(box)};
   boxes_.push_back(open.box);
+  const DpiScope dpi;
+  const ThemeScope theme;
+  const HWND over = owner();
+  const ModalScope modal(over);
+  const OnTop place(*this, {nullptr, &open});
+  const BoxWatch watch(*this, open, [&] { pressButton(open, IDCANCEL); });
+  return show(over);
+}
+
+std::optional<std::string> Win32Desktop::pickFile(const FileRequest& request) {
   const std::wstring filters = filterText(request.filters), title = wide(request.title),
                      extension = wide(request.defaultExtension);
   std::wstring path(kLongestPath + 1, L'\0');
-  const DpiScope dpi;
-  const ThemeScope theme;
   OPENFILENAMEW picker{};
   picker.lStructSize = sizeof picker;
-  picker.hwndOwner = owner();
   picker.lpstrFilter = request.filters.empty() ? nullptr : filters.c_str();
   picker.lpstrFile = path.data();
   picker.nMaxFile = static_cast<DWORD>(path.size());
   picker.lpstrTitle = title.empty() ? nullptr : title.c_str();
   picker.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
   picker.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-  const ModalScope modal(picker.hwndOwner);
-  const OnTop place(*this, {nullptr, &open});
-  const BoxWatch watch(*this, open, [&] { pressButton(open, IDCANCEL); });
-  if (!GetOpenFileNameW(&picker)) return {};
-  return narrow(path.c_str());
+  const bool picked = showBox({Box::Kind::File, request.title, {}, {}, request}, [&](HWND over) {
+    picker.hwndOwner = over;
+    return GetOpenFileNameW(&picker) != FALSE;
+  });
+  return picked ? std::optional(narrow(path.c_str())) : std::nullopt;
 }
 
 std::optional<Colour> Win32Desktop::pickColour(Colour initial) {
-  followAll();
-  OpenBox open{{.kind = Box::Kind::Palette, .colour = initial}};
-  boxes_.push_back(open.box);
-  const DpiScope dpi;
-  const ThemeScope theme;
   CHOOSECOLORW picker{};
   picker.lStructSize = sizeof picker;
-  picker.hwndOwner = owner();
   picker.rgbResult = screenColour(initial);
   picker.lpCustColors = ownColours_.data();
   picker.Flags = CC_RGBINIT | CC_ANYCOLOR | CC_FULLOPEN;
-  const ModalScope modal(picker.hwndOwner);
-  const OnTop place(*this, {nullptr, &open});
-  const BoxWatch watch(*this, open, [&] { pressButton(open, IDCANCEL); });
-  if (!ChooseColorW(&picker)) return {};
-  return static_cast<Colour>(picker.rgbResult);
+  const bool picked = showBox({.kind = Box::Kind::Palette, .colour = initial}, [&](HWND over) {
+    picker.hwndOwner = over;
+    return ChooseColorW(&picker) != FALSE;
+  });
+  return picked ? std::optional(static_cast<Colour>(picker.rgbResult)) : std::nullopt;
 }
 
 void Win32Desktop::doEvents() {

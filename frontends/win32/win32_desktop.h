@@ -40,6 +40,9 @@ class Win32Desktop : public WindowPort, public User, private FormHost {
   // through the platform.
   void run(const std::function<void()>& act) noexcept override;
 
+  // Shows a box of the platform's that runs a message loop of its own, until `show` returns; what that says.
+  bool showBox(Box box, const std::function<bool(HWND owner)>& show);
+
   // Error 5 where a form refuses to close although nobody acts any more.
   void showModal(Form& form) override;
   MessageResult messageBox(const std::string& text, MessageStyle style, const std::string& title) override;

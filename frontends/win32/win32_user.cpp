@@ -196,11 +196,14 @@ void Win32Desktop::pressButton(const OpenBox& open, int id) {
 }
 
 void Win32Desktop::answer(MessageResult result) {
-  const OpenBox& open = topBox(Box::Kind::Message);
-  const bool question = open.box.style == MessageStyle::Question;
+  const bool printing = box() && (box()->kind == Box::Kind::PageSetup || box()->kind == Box::Kind::Print);
+  const OpenBox& open = topBox(printing ? box()->kind : Box::Kind::Message);
+  const bool question = !printing && open.box.style == MessageStyle::Question;
   const bool yesNo = result == MessageResult::Yes || result == MessageResult::No;
-  if (question ? !yesNo : result != MessageResult::Ok) {
-    throw CannotDo(std::string("the message has ") + (question ? "Yes and No" : "OK") + " only");
+  const bool cancels = printing && result == MessageResult::Cancel;
+  if (question ? !yesNo : result != MessageResult::Ok && !cancels) {
+    const char* const buttons = question ? "Yes and No" : printing ? "OK and Cancel" : "OK";
+    throw CannotDo(std::string("the ") + nameOf(open.box.kind) + " has " + buttons + " only");
   }
   pressButton(open, static_cast<int>(result));
 }

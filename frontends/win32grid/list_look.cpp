@@ -58,10 +58,4 @@ ListColours coloursOf(const RowStyle& style) noexcept {
   return {shownColour(style.backColor), shownColour(own ? inkOn(style.backColor) : style.foreColor)};
 }
 
-COLORREF mixed(COLORREF base, COLORREF over, int share) noexcept {
-  const auto part = [share](int below, int above) { return below + (above - below) * share / 100; };
-  return RGB(part(GetRValue(base), GetRValue(over)), part(GetGValue(base), GetGValue(over)),
-             part(GetBValue(base), GetBValue(over)));
-}
-
 }  // namespace vmgv

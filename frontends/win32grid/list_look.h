@@ -52,8 +52,6 @@ struct ListColours {
 };
 // A back colour of its own has an ink that can be read on it.
 ListColours coloursOf(const RowStyle& style) noexcept;
-// `share` percent of `over` upon `base`.
-COLORREF mixed(COLORREF base, COLORREF over, int share) noexcept;
 
 // A font chosen in a device context, as long as it lives: in a given one, or in the screen's to measure with.
 class FontScope {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frontends/com/text.h"
+#include "frontends/win32/surface.h"
 
 namespace vmgv {
 namespace {
@@ -33,7 +34,7 @@ ListColours coloursOf(const RowStyle* style, const RowState& state) {
   const COLORREF mark = GetSysColor(COLOR_HIGHLIGHT);
   if (state.selected && state.active) return {mark, GetSysColor(COLOR_HIGHLIGHTTEXT)};
   const int share = state.selected ? kIdleShare : style && style->alternate ? kAlternateShare : 0;
-  return {mixed(own.back, mark, share), own.ink};
+  return {mixed(mark, own.back, share), own.ink};
 }
 
 }  // namespace
@@ -77,10 +78,10 @@ void RowPainter::paint(const RECT& room, std::int32_t position, const RowState& 
     cells(line, position, font, colours.back, state);
     if (line.bottom < own.bottom) {
       preview({own.left, line.bottom, own.right, own.bottom}, row, font,
-              mixed(colours.back, colours.ink, kPreviewShare));
+              mixed(colours.ink, colours.back, kPreviewShare));
     }
   }
-  fill({own.left, own.bottom - 1, own.right, own.bottom}, mixed(colours.back, colours.ink, kRuleShare));
+  fill({own.left, own.bottom - 1, own.right, own.bottom}, mixed(colours.ink, colours.back, kRuleShare));
 }
 
 void RowPainter::cells(const RECT& line, std::int32_t position, HFONT font, COLORREF back,
@@ -100,7 +101,7 @@ void RowPainter::cells(const RECT& line, std::int32_t position, HFONT font, COLO
     write(context_, cellText(model_.engine->displayText(position, column.index)), text,
           kOneLine | textFormat(model_.engine->alignment(column.index)));
     const RECT rule{cell.right - 1, cell.top, cell.right, cell.bottom};
-    fill(rule, mixed(back, ink, kRuleShare));
+    fill(rule, mixed(ink, back, kRuleShare));
     if (state.active && state.current == column.index) {
       const RECT mark{cell.left, cell.top, cell.right - 1, cell.bottom - 1};
       DrawFocusRect(context_, &mark);

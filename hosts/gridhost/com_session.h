@@ -28,6 +28,7 @@ class ComSession final : public Session, private WorkbookHost {
 
   const ObjectRef& control() const noexcept override { return control_; }
   bool offers(Facet facet) const noexcept override { return application_.offers(facet); }
+  SystemPort& system() noexcept override { return noDesktop_; }
   ScriptLink& scripts() const noexcept { return *scripts_; }
 
  private:

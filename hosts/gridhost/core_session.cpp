@@ -7,7 +7,7 @@
 namespace vmgv {
 
 CoreSession::CoreSession(WindowPort& window, SystemPort& system, const Options& options)
-    : Session(options), application_(window, system) {
+    : Session(options), system_(system), application_(window, system) {
   auto* editor = new vmgrEdit(application_);
   control_ = editor;
   editor->setGrid(grid());

@@ -16,6 +16,7 @@ class CoreSession final : public Session, private WorkbookHost {
 
   const ObjectRef& control() const noexcept override { return control_; }
   bool offers(Facet facet) const noexcept override { return application_.offers(facet); }
+  SystemPort& system() noexcept override { return system_; }
 
   std::filesystem::path documents = ".";  // where workbooks go that no script names
 
@@ -26,6 +27,7 @@ class CoreSession final : public Session, private WorkbookHost {
   std::string targetPath() override;
   void finished(const std::string& path, std::int64_t rows) override { noteWorkbook(path, rows); }
 
+  SystemPort& system_;
   Application application_;
   ObjectRef control_;
 };

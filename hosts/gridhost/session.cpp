@@ -4,6 +4,7 @@
 
 #include "adapters/grid/grid_object.h"
 #include "hosts/gridhost/files.h"
+#include "hosts/gridhost/report.h"
 #include "hosts/player/paths.h"
 #include "hosts/player/player.h"
 
@@ -27,18 +28,26 @@ void Session::load() {
 }
 
 int Session::play(User& user) {
-  const Stage stage{control(), grid_, user,
+  const Stage stage{control(),
+                    grid_,
+                    user,
                     [this](const std::vector<std::int32_t>& rows) { engine_->select(rows); },
-                    [this](const std::filesystem::path& file) { workbook_ = file; }};
+                    [this](const std::filesystem::path& file) { workbook_ = file; },
+                    [this](const std::filesystem::path& file) { print(file); }};
   Player player(*options_.script, options_.out, stage, std::cerr);
   user.setIdleHandler(&player);
   const int status = player.run();
   user.setIdleHandler(nullptr);
   if (status != 0) return status;
   std::cout << pathText(*options_.script) << ": done";
-  for (const std::string& workbook : written_) std::cout << ", " << workbook;
+  for (const std::string& file : written_) std::cout << ", " << file;
   std::cout << std::endl;
   return 0;
+}
+
+void Session::print(const std::filesystem::path& file) {
+  const std::int32_t pages = printReport(engine_, system(), pathText(file));
+  written_.push_back(pathText(file) + " (" + std::to_string(pages) + " pages)");
 }
 
 void Session::noteWorkbook(const std::string& path, std::int64_t rows) {

@@ -27,8 +27,9 @@ class Session {
   const std::string& dataName() const noexcept { return data_; }
   const std::shared_ptr<GridEngine>& engine() const noexcept { return engine_; }
 
-  virtual const ObjectRef& control() const noexcept = 0;    // has the grid
-  virtual bool offers(Facet facet) const noexcept = 0;      // whether the control has such a dialog
+  virtual const ObjectRef& control() const noexcept = 0;  // has the grid
+  virtual bool offers(Facet facet) const noexcept = 0;    // whether the control has such a dialog
+  virtual SystemPort& system() noexcept = 0;
   std::function<void(const std::string& path)> onWorkbook;  // one is complete
 
   // Carries the options' script out and tells on standard output what was written. The exit status.
@@ -42,6 +43,8 @@ class Session {
   void noteWorkbook(const std::string& path, std::int64_t rows);
 
  private:
+  void print(const std::filesystem::path& file);
+
   const Options options_;
   std::shared_ptr<GridEngine> engine_ = std::make_shared<GridEngine>();
   ObjectRef grid_;

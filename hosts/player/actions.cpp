@@ -130,6 +130,11 @@ void Actions::rows(Words words) {
   out_.write(words[0].text, [&](std::ostream& out) { writeRows(stage_.grid, first, last, out); });
 }
 
+void Actions::print(Words words) {
+  if (!stage_.print) throw CannotDo("the grid cannot be printed here");
+  stage_.print(out_.file(words[0].text));
+}
+
 void Actions::click(Words words) { user().click(control(words[0])); }
 void Actions::doubleClick(Words words) {
   if (words.size() == 1) return user().doubleClick(control(words[0]));

@@ -31,6 +31,7 @@ class Actions {
   void output(Words words);
   void layout(Words words);
   void rows(Words words);
+  void print(Words words);
 
   // At a dialog.
   void click(Words words);

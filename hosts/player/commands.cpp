@@ -17,6 +17,7 @@ constexpr Command kCommands[]{
     {"output FILE", 1, 1, kAtHost, WhileWorking::Never, &Actions::output},
     {"layout FILE", 1, 1, kAtHost, WhileWorking::Never, &Actions::layout},
     {"rows FILE [FIRST LAST]", 1, 3, kAtHost, WhileWorking::Never, &Actions::rows},
+    {"print FILE", 1, 1, kAtHost, WhileWorking::Never, &Actions::print},
 
     {"click CONTROL", 1, 1, kAtDialog, WhileWorking::Control, &Actions::click},
     {"doubleclick CONTROL [ENTRY]", 1, 2, kAtDialog, WhileWorking::Control, &Actions::doubleClick},

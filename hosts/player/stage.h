@@ -19,6 +19,8 @@ struct Stage {
   std::function<void(const std::vector<std::int32_t>& rows)> selectRows;
   // Says where the next export leaves its workbook.
   std::function<void(const std::filesystem::path& file)> nameWorkbook;
+  // Prints the grid into a PDF. Throws Error.
+  std::function<void(const std::filesystem::path& file)> print;
 };
 
 }  // namespace vmgv

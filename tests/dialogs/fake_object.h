@@ -68,6 +68,7 @@ class FaultyObject final : public Object {
     if (object && *object) return ObjectRef(makeObject<FaultyObject>(*object, fault_));
     return result;
   }
+  std::shared_ptr<void> listen(EventSink& sink) override { return (*target_).listen(sink); }
 
  private:
   ObjectRef target_;

@@ -75,7 +75,7 @@ TEST(Pages, EveryRowOnceAndInOrderOnEveryKindOfGridAndPaper) {
                {200, true, true, false, true, {kPaper, kPaper}},
                {200, true, true, true, true, {kPaper, kPaper}},
                {200, true, false, true, false, {kPaper * 2, kPaper}},
-               {40, true, true, true, true, {113, 113}},
+               {40, true, true, true, true, {180, 113}},
                {5000, true, false, true, true, {595, 842}}};
   for (const auto& c : cases) {
     PagedGrid f(c.records);

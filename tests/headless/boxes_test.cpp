@@ -15,6 +15,7 @@ TEST_F(BoxesTest, WithoutAUserEverythingEnds) {
   EXPECT_EQ(desktop.messageBox("sure?", MessageStyle::Question, ""), MessageResult::No);
   EXPECT_EQ(desktop.pickFile({}), std::nullopt);
   EXPECT_EQ(desktop.boxes().at(1).text, "sure?");
+  EXPECT_FALSE(desktop.confirm(Box::Kind::Print));
 
   SampleForm stubborn;
   stubborn.onCloseByUser = [] {};
@@ -40,6 +41,27 @@ TEST_F(BoxesTest, OnlyTheTopmostThingCanBeActedOn) {
                    desktop.click(form.cmdOK);
                  },
              });
+}
+
+TEST_F(BoxesTest, PrintingTakesOkAndCancel) {
+  SampleForm form;
+  std::string answers;
+  form.cmdHelp.onClick = [&] {
+    for (const auto kind : {Box::Kind::PageSetup, Box::Kind::Print}) {
+      answers += desktop.confirm(kind) ? "ok " : "cancel ";
+    }
+  };
+  play(form, {
+                 [&] { desktop.click(form.cmdHelp); },
+                 [&] {
+                   EXPECT_THROW(desktop.answer(MessageResult::Yes), CannotDo);
+                   EXPECT_THROW(desktop.pick({}), CannotDo);
+                   desktop.answer(MessageResult::Ok);
+                 },
+                 [&] { desktop.answer(MessageResult::Cancel); },
+                 [&] { desktop.click(form.cmdOK); },
+             });
+  EXPECT_EQ(answers, "ok cancel ");
 }
 
 }  // namespace

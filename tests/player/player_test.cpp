@@ -146,6 +146,7 @@ TEST_F(PlayerTest, WritesBelowTheOutputFolderOnly) {
   EXPECT_TRUE(std::filesystem::is_directory(out_)) << "nor this one";
 
   EXPECT_EQ(play("output books/my.xlsx"), 0);
+  playAll({{"print books/report.pdf", "", "print report.pdf"}});
   playAll({{"rows books", ":1: " + (out_ / "books").string() + " is a folder\n"}});
   EXPECT_EQ(play("rows half.tsv"), 1) << "this grid has no rows to read";
   EXPECT_FALSE(std::filesystem::exists(out_ / "half.tsv"));

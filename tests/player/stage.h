@@ -90,6 +90,7 @@ class PlayerTest : public testing::Test {
   // A field, a list, and buttons that open a message, a question, a picker and the dialog at work.
   Value showPlain() {
     Form form("frmPlain");
+    form.resizable = true;
     auto& text = form.add<TextBox>("txtName");
     auto& list = form.add<ComboBox>("cboSort", nullptr, 0);
     for (const char* entry : {"NO", "origin_state", "2"}) list.addItem(entry);
@@ -156,11 +157,13 @@ class PlayerTest : public testing::Test {
                                        {"showwork", [this](Args) { return showWork(); }},
                                        {"showstubborn", [this](Args) { return showStubborn(); }},
                                        {"echo", [this](Args args) { return echo(args); }}}),
-      thing({{"rowcount", 3}, {"previewcolumn", Null{}}}), desktop_,
+      thing({{"rowcount", 3}, {"previewcolumn", Null{}}}),
+      desktop_,
       [this](const std::vector<std::int32_t>& rows) {
         for (const auto row : rows) note("row " + std::to_string(row));
       },
-      [this](const std::filesystem::path& file) { workbook_ = file; }};
+      [this](const std::filesystem::path& file) { workbook_ = file; },
+      [this](const std::filesystem::path& file) { note("print " + file.filename().string()); }};
 };
 
 }  // namespace vmgv

@@ -15,7 +15,7 @@ constexpr double kLargestMarginFont = 10;
 constexpr double kWidestColumn = 20;       // in sizes of the font, where nobody has set a width
 constexpr std::size_t kWidestBytes = 200;  // that such a column shows at most
 constexpr std::int32_t kSampledCells = 20000;
-constexpr double kPadding = 4, kGap = 1.75, kTitleGap = 3, kMarginGap = 8, kIndent = 10;
+constexpr double kPadding = 5, kGap = 1.75, kTitleGap = 3, kMarginGap = 8, kIndent = 10;
 constexpr double kTextShare = 0.5;  // of the page, where the columns are narrower
 
 }  // namespace
