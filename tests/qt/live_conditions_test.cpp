@@ -65,7 +65,7 @@ struct LiveConditionsTest : QtTest {
 
 TEST_F(LiveConditionsTest, EachEditedRowIsSeenAtOnce) {
   using Act = std::function<void()>;
-  const auto click = [this](const char* control) { return Act([=, this] { desktop.click(at(control)); }); };
+  const auto click = [this](const char* button) { return Act([=, this] { desktop.click(at(button)); }); };
   const auto enter = [this](const char* field, const char* text) {
     return Act([=, this] { desktop.enter(at(field), text); });
   };
