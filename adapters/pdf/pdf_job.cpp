@@ -10,6 +10,7 @@
 
 #include "adapters/pdf/pdf_surface.h"
 #include "support/automation/error.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {
@@ -20,7 +21,9 @@ class PdfJob final : public PrintJob {
       : file_(std::move(file)), part_(file_ + ".part"), stream_(std::fopen(part_.c_str(), "wb")) {
     if (!stream_) fail(errno);
     surface_ = cairo_pdf_surface_create_for_stream(write, this, setup.paper.width, setup.paper.height);
-    cairo_pdf_surface_set_metadata(surface_, CAIRO_PDF_METADATA_TITLE, title.c_str());
+    std::string clean;  // the library makes no document with another title
+    const bool isClean = isCleanUtf8(title, clean);
+    cairo_pdf_surface_set_metadata(surface_, CAIRO_PDF_METADATA_TITLE, (isClean ? title : clean).c_str());
     cairo_pdf_surface_set_metadata(surface_, CAIRO_PDF_METADATA_CREATOR, "vmGridViews");
     page_ = std::make_unique<PdfSurface>(surface_);
   }

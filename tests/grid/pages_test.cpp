@@ -245,6 +245,8 @@ TEST(Pages, PrintingTakesTheDialogsChoiceOrNothing) {
   const ObjectRef properties = f.grid.object("PrinterProperties");
   EXPECT_EQ(properties.get("PaperWidth"), Value(500.0));
 
+  f.printer.chosen = {1000, 1001};
+  EXPECT_EQ(errorOf([&] { f.grid.call("PrintGrid", true); }, "no pages from 1000 to 1001"), 482);
   f.printer.failsAt = 2;
   EXPECT_EQ(errorOf([&] { f.grid.call("PrintGrid", false); }, "out of paper"), 482);
   EXPECT_TRUE(f.printer.openJobs == 0 && !f.printer.finished);

@@ -17,7 +17,7 @@ struct PdfTest : testing::Test {
   ~PdfTest() override { std::filesystem::remove_all(folder); }
   std::string file(const char* name) const { return (folder / name).string(); }
   void print(const std::string& name, bool finishes) const {
-    const auto job = startPdf(name, {}, "Τίτλος");
+    const auto job = startPdf(name, {}, "Τίτλος \xFF");
     job->startPage().text(10, 20, "Ελληνικά \xFF and more", {"DejaVu Sans", 9}, 0);
     job->endPage();
     if (finishes) job->finish();
