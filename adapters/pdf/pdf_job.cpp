@@ -51,7 +51,7 @@ class PdfJob final : public PrintJob {
   static cairo_status_t write(void* job, const unsigned char* data, unsigned length) {
     auto& self = *static_cast<PdfJob*>(job);
     if (std::fwrite(data, 1, length, self.stream_) == length) return CAIRO_STATUS_SUCCESS;
-    self.errno_ = errno;
+    self.errno_ = errno != 0 ? errno : EIO;
     return CAIRO_STATUS_WRITE_ERROR;
   }
 
@@ -65,8 +65,8 @@ class PdfJob final : public PrintJob {
   }
 
   void check(cairo_status_t status) const {
+    if (errno_ != 0) fail(errno_);  // which the library does not always tell of
     if (status == CAIRO_STATUS_SUCCESS) return;
-    if (errno_ != 0) fail(errno_);
     throw Error(ErrorNumber::PathAccess,
                 "Cannot make the pages of " + file_ + ": " + cairo_status_to_string(status));
   }

@@ -252,7 +252,7 @@ TEST(Pages, PrintingTakesTheDialogsChoiceOrNothing) {
   EXPECT_TRUE(f.printer.openJobs == 0 && !f.printer.finished);
   properties.put("LeftMargin", 450);
   EXPECT_EQ(errorOf([&] { f.grid.call("PrintGrid", false); }, "margins leave less"), 482);
-  EXPECT_EQ(errorOf([&] { properties.put("PaperHeight", 0); }, "Paper cannot"), 5);
+  EXPECT_EQ(errorOf([&] { properties.put("PaperHeight", -1); }, "cannot have -1"), 5);
   f.engine->setPrintPort(nullptr);
   EXPECT_EQ(errorOf([&] { f.grid.call("PrintGrid", false); }, "no printing"), 482);
 }

@@ -38,7 +38,8 @@ TEST_F(PdfTest, IsCompleteOrNotThere) {
   std::string begin;
   std::ifstream(file("old.pdf")) >> begin;
   EXPECT_TRUE(begin.starts_with("%PDF-")) << begin;
-  for (const std::string& name : {file("none/x.pdf"), file("taken")}) {
+  std::filesystem::create_symlink("/dev/full", file("full.pdf.part"));  // a disk without room
+  for (const std::string& name : {file("none/x.pdf"), file("taken"), file("full.pdf")}) {
     try {
       print(name, true);
       ADD_FAILURE() << name;
