@@ -55,17 +55,17 @@ class PrinterObject final : public GridPart<PrinterObject> {
             {"RepeatHeaders", 0, [](P& p, Args) -> Value { return p.printer().repeatHeaders; },
              [](P& p, Args, const Value& v) { p.printer().repeatHeaders = toBoolean(v); }},
             {"PaperWidth", 0, [](P& p, Args) -> Value { return p.setup().paper.width; },
-             [](P& p, Args, const Value& v) { p.setup().paper.width = paperLength(v); }},
+             [](P& p, Args, const Value& v) { p.setup().paper.width = length(v); }},
             {"PaperHeight", 0, [](P& p, Args) -> Value { return p.setup().paper.height; },
-             [](P& p, Args, const Value& v) { p.setup().paper.height = paperLength(v); }},
+             [](P& p, Args, const Value& v) { p.setup().paper.height = length(v); }},
             {"LeftMargin", 0, [](P& p, Args) -> Value { return p.setup().left; },
-             [](P& p, Args, const Value& v) { p.setup().left = margin(v); }},
+             [](P& p, Args, const Value& v) { p.setup().left = length(v); }},
             {"TopMargin", 0, [](P& p, Args) -> Value { return p.setup().top; },
-             [](P& p, Args, const Value& v) { p.setup().top = margin(v); }},
+             [](P& p, Args, const Value& v) { p.setup().top = length(v); }},
             {"RightMargin", 0, [](P& p, Args) -> Value { return p.setup().right; },
-             [](P& p, Args, const Value& v) { p.setup().right = margin(v); }},
+             [](P& p, Args, const Value& v) { p.setup().right = length(v); }},
             {"BottomMargin", 0, [](P& p, Args) -> Value { return p.setup().bottom; },
-             [](P& p, Args, const Value& v) { p.setup().bottom = margin(v); }},
+             [](P& p, Args, const Value& v) { p.setup().bottom = length(v); }},
         });
     return table;
   }
@@ -73,15 +73,10 @@ class PrinterObject final : public GridPart<PrinterObject> {
  private:
   PrinterProperties& printer() { return engine_->printer(); }
   PageSetup& setup() { return printer().setup; }
-  static double paperLength(const Value& points) {
-    const double length = toDouble(points);
-    if (length > 0 && length <= kLongestPaper) return length;
-    throw Error(ErrorNumber::InvalidCall, "Paper cannot be " + toText(points) + " points long");
-  }
-  static double margin(const Value& points) {
+  static double length(const Value& points) {
     const double length = toDouble(points);
     if (length >= 0 && length <= kLongestPaper) return length;
-    throw Error(ErrorNumber::InvalidCall, "A margin cannot be " + toText(points) + " points wide");
+    throw Error(ErrorNumber::InvalidCall, "Paper and its margins cannot have " + toText(points) + " points");
   }
   static std::string& at(std::array<std::string, 3>& texts, const Value& position) {
     return texts[placeOf(position, texts.size(), "the page's header or footer")];

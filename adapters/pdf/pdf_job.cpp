@@ -10,6 +10,7 @@
 
 #include "adapters/pdf/pdf_surface.h"
 #include "support/automation/error.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {
@@ -20,7 +21,9 @@ class PdfJob final : public PrintJob {
       : file_(std::move(file)), part_(file_ + ".part"), stream_(std::fopen(part_.c_str(), "wb")) {
     if (!stream_) fail(errno);
     surface_ = cairo_pdf_surface_create_for_stream(write, this, setup.paper.width, setup.paper.height);
-    cairo_pdf_surface_set_metadata(surface_, CAIRO_PDF_METADATA_TITLE, title.c_str());
+    std::string clean;  // the library makes no document with another title
+    const bool isClean = isCleanUtf8(title, clean);
+    cairo_pdf_surface_set_metadata(surface_, CAIRO_PDF_METADATA_TITLE, (isClean ? title : clean).c_str());
     cairo_pdf_surface_set_metadata(surface_, CAIRO_PDF_METADATA_CREATOR, "vmGridViews");
     page_ = std::make_unique<PdfSurface>(surface_);
   }
@@ -48,7 +51,7 @@ class PdfJob final : public PrintJob {
   static cairo_status_t write(void* job, const unsigned char* data, unsigned length) {
     auto& self = *static_cast<PdfJob*>(job);
     if (std::fwrite(data, 1, length, self.stream_) == length) return CAIRO_STATUS_SUCCESS;
-    self.errno_ = errno;
+    self.errno_ = errno != 0 ? errno : EIO;
     return CAIRO_STATUS_WRITE_ERROR;
   }
 
@@ -62,8 +65,8 @@ class PdfJob final : public PrintJob {
   }
 
   void check(cairo_status_t status) const {
+    if (errno_ != 0) fail(errno_);  // which the library does not always tell of
     if (status == CAIRO_STATUS_SUCCESS) return;
-    if (errno_ != 0) fail(errno_);
     throw Error(ErrorNumber::PathAccess,
                 "Cannot make the pages of " + file_ + ": " + cairo_status_to_string(status));
   }

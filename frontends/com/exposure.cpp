@@ -40,6 +40,17 @@ Value invoke(Object& object, MemberId member, Access access, const DISPPARAMS& p
 
 Exposure::~Exposure() { forget(*this); }
 
+void* Exposure::otherInterface(REFIID iid) noexcept {
+  const bool container = iid == IID_IConnectionPointContainer;
+  if (!container && iid != IID_IProvideClassInfo) return nullptr;
+  guarded([this] {
+    if (!events_) events_ = std::make_unique<ExposedEvents>(*static_cast<IDispatch*>(this), *object_);
+  });
+  if (!events_ || !events_->areRaised()) return nullptr;
+  if (container) return static_cast<IConnectionPointContainer*>(events_.get());
+  return static_cast<IProvideClassInfo*>(events_.get());
+}
+
 HRESULT Exposure::GetTypeInfoCount(UINT* count) {
   if (!count) return E_POINTER;
   *count = 0;

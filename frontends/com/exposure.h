@@ -5,12 +5,13 @@
 
 #include "frontends/com/class_identity.h"
 #include "frontends/com/com_object.h"
+#include "frontends/com/exposed_events.h"
 #include "support/automation/object.h"
 
 namespace vmgv {
 
 // Members keep their numbers: a MemberId is the DISPID. Named arguments are not taken, and there is no type
-// information: clients call by name.
+// information on members: clients call by name. An object that raises events has connection points.
 class Exposure final : public ComObject<IDispatch, IClassIdentity> {
  public:
   explicit Exposure(ObjectRef object) noexcept : object_(std::move(object)) {}
@@ -27,7 +28,10 @@ class Exposure final : public ComObject<IDispatch, IClassIdentity> {
   HRESULT STDMETHODCALLTYPE GetClassIdentity(GUID* identity, BSTR* name) override;
 
  private:
+  void* otherInterface(REFIID iid) noexcept override;
+
   ObjectRef object_;
+  std::unique_ptr<ExposedEvents> events_;  // once somebody has asked
 };
 
 }  // namespace vmgv

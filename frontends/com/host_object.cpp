@@ -1,14 +1,14 @@
 #include "frontends/com/host_object.h"
 
-#include <array>
 #include <atomic>
 #include <string>
 
 #include "frontends/com/class_identity.h"
+#include "frontends/com/dispatch_call.h"
 #include "frontends/com/enumerators.h"
+#include "frontends/com/host_events.h"
 #include "frontends/com/registry.h"
 #include "frontends/com/text.h"
-#include "frontends/com/variant.h"
 #include "frontends/com/wall.h"
 
 namespace vmgv {
@@ -32,46 +32,6 @@ bool isProxy(IUnknown* object) noexcept {
   ComPtr<IUnknown> manager;
   return SUCCEEDED(object->QueryInterface(kProxyManager, manager.putVoid()));
 }
-
-// Automation takes arguments backwards.
-class Arguments {
- public:
-  explicit Arguments(std::span<const Value> values) {
-    if (values.size() > few_.size()) many_ = std::make_unique<Variant[]>(values.size());
-    first_ = many_ ? many_.get() : few_.data();
-    for (std::size_t i = 0; i < values.size(); ++i) toVariant(values[values.size() - 1 - i], first_ + i);
-    parameters.rgvarg = first_;
-    parameters.cArgs = static_cast<UINT>(values.size());
-  }
-
-  DISPPARAMS parameters{};
-
- private:
-  std::array<Variant, 4> few_;
-  std::unique_ptr<Variant[]> many_;
-  Variant* first_;
-};
-
-// Owns what a failing call tells.
-struct Exception : EXCEPINFO {
-  Exception() : EXCEPINFO{} {}
-  Exception(const Exception&) = delete;
-  Exception& operator=(const Exception&) = delete;
-  ~Exception() { clear(); }
-  void clear() {
-    SysFreeString(bstrSource);
-    SysFreeString(bstrDescription);
-    SysFreeString(bstrHelpFile);
-    static_cast<EXCEPINFO&>(*this) = {};
-  }
-  void complete() {
-    if (const auto fillIn = std::exchange(pfnDeferredFillIn, nullptr)) fillIn(this);
-  }
-  HRESULT code() {
-    complete();
-    return scode != 0 ? scode : wCode != 0 ? static_cast<HRESULT>(0x800A0000 + wCode) : E_FAIL;
-  }
-};
 
 }  // namespace
 
@@ -108,17 +68,13 @@ class HostObject::Call {
   [[noreturn]] void fail() {
     if (result_ == kReported) throw Error(kReported, "A script has failed and reported its error");
     if (result_ != DISP_E_EXCEPTION) throw errorOf(result_);
-    const HRESULT code = exception_.code();
-    const Error meaning = errorOf(code);
-    const std::string text = narrow(BString::view(exception_.bstrDescription));
-    if (text.empty()) throw meaning;
-    throw Error(meaning.number(), text);
+    exception_.raise();
   }
 
   HostObject& object_;
-  Arguments arguments_;
+  CallArguments arguments_;
   Variant answer_;
-  Exception exception_;
+  CallException exception_;
   HRESULT result_ = S_OK;
 };
 
@@ -223,6 +179,8 @@ Value HostObject::get(Call& call, MemberId member, std::span<const Value> args) 
   if (!without.invoke(member, kProperty)) return call.answer();
   return (*without.answer().object()).invoke(kDefaultMember, Access::Get, args);
 }
+
+std::shared_ptr<void> HostObject::listen(EventSink& sink) { return listenTo(dispatch_.get(), sink); }
 
 std::unique_ptr<Enumeration> HostObject::enumerate() {
   if (!known_) learn();

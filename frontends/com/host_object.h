@@ -25,6 +25,7 @@ class HostObject final : public Object {
   MemberId member(std::string_view name) override;
   Value invoke(MemberId member, Access access, std::span<const Value> args) override;
   std::unique_ptr<Enumeration> enumerate() override;
+  std::shared_ptr<void> listen(EventSink& sink) override;
 
  private:
   class Call;

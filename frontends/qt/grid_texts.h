@@ -14,7 +14,7 @@ QString sum(const QString& caption, const QString& value);
 QString count(const QString& caption, const QString& value);
 // A cell's text with the conditions that match its row, so that colour is not the only sign of them.
 QString marked(const QString& text, const RowReasons& reasons);
-// Rich text: the conditions, and for each attribute the one that it is from.
+// Rich text: the conditions, and for each attribute the one that it is from; "" where no condition holds.
 QString reasons(const RowReasons& reasons);
 QString noReasons();
 

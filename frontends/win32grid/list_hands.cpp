@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <numeric>
 
+#include "adapters/grid/reason_texts.h"
 #include "adapters/grid/user_acts.h"
+#include "frontends/com/text.h"
 #include "frontends/win32/keys.h"
 #include "frontends/win32grid/list_rows.h"
 
@@ -19,9 +21,7 @@ std::optional<LRESULT> ListRows::handleHands(UINT message, WPARAM wParam, LPARAM
   switch (message) {
     case WM_LBUTTONDOWN: press(pointOf(lParam), false); return 0;
     case WM_LBUTTONDBLCLK: press(pointOf(lParam), true); return 0;
-    case WM_MOUSEMOVE:
-      if (dragging_) drag(pointOf(lParam));
-      return 0;
+    case WM_MOUSEMOVE: dragging_ ? drag(pointOf(lParam)) : hover(pointOf(lParam)); return 0;
     case WM_LBUTTONUP:
       if (dragging_) ReleaseCapture();
       return 0;
@@ -32,6 +32,7 @@ std::optional<LRESULT> ListRows::handleHands(UINT message, WPARAM wParam, LPARAM
       return DLGC_WANTARROWS | DLGC_WANTCHARS | (enters ? DLGC_WANTMESSAGE : 0);
     }
     case WM_KEYDOWN:
+      tips_->hide();
       if (keyDown(static_cast<int>(wParam))) return 0;
       return {};
     case WM_CHAR:
@@ -49,6 +50,7 @@ std::optional<LRESULT> ListRows::handleHands(UINT message, WPARAM wParam, LPARAM
 // Mouse
 
 void ListRows::press(POINT point, bool twice) {
+  tips_->hide();
   SetFocus(window());
   const std::int32_t position = positionAt(point.y);
   if (position == 0) return;
@@ -76,6 +78,28 @@ void ListRows::drag(POINT point) {
   if (position != row_) goTo(position, Select::Range);
 }
 
+void ListRows::hover(POINT point) {
+  const std::int32_t position = positionAt(point.y);
+  if (std::exchange(hovered_, position) != position) tips_->hover(rectOf(position), reasons(position));
+}
+
+std::wstring ListRows::reasons(std::int32_t position) const {
+  std::string text;
+  if (position == 0) return {};
+  for (const ReasonLine& line : reasonLines(engine().reasonsOf(engine().displayRow(position))))
+    text += (text.empty() ? "" : "\r\n") + line.label + ": " + line.text;
+  return wide(text);
+}
+
+// Unlike what a mouse is told it stays until the next key or click.
+void ListRows::showReasons() {
+  const RECT rect = rectOf(row_);
+  POINT below{rect.left, rect.bottom};
+  ClientToScreen(window(), &below);
+  const std::wstring text = reasons(row_);
+  tips_->show(below, text.empty() ? wide(noReasonText()) : text);
+}
+
 // Keys
 
 bool ListRows::keyDown(int key) {
@@ -87,6 +111,7 @@ bool ListRows::keyDown(int key) {
   }
   if (count() == 0) return false;
   if (row_ == 0) row_ = 1;
+  if (key == VK_F1 && shift && !control) return showReasons(), true;
   return columnKey(key, control, shift) || (!control && groupKey(key)) || moveKey(key, control);
 }
 

@@ -15,6 +15,7 @@ constexpr int kShiftStep = 24;  // pixels of a usual monitor
 
 ListRows::ListRows(HWND parent, const ListModel& model) : model_(model) {
   create(L"vmGridViews.rows", parent, WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL);
+  tips_.emplace(window());
 }
 
 ListRows::~ListRows() {
@@ -26,6 +27,7 @@ void ListRows::refresh() {
   anchor_ = std::min(anchor_, count());
   if (placeOf(column_) == model_.columns.size())
     column_ = model_.columns.empty() ? 0 : model_.columns.front().index;
+  hovered_ = 0;
   scrollTo(top_);
   shiftTo(shift_);
   showScrollBars();
@@ -230,8 +232,11 @@ std::optional<LRESULT> ListRows::handle(UINT message, WPARAM wParam, LPARAM lPar
       if (!accessible_) accessible_ = makeComObject<RowAccessible>(*this, model_);
       return LresultFromObject(__uuidof(IAccessible), wParam, static_cast<IAccessible*>(accessible_.get()));
     case WM_SIZE: refresh(); return 0;
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS: repaint(); return 0;
+    case WM_SETFOCUS: repaint(); return 0;
+    case WM_KILLFOCUS:
+      tips_->hide();
+      repaint();
+      return 0;
     case WM_VSCROLL: scroll(SB_VERT, LOWORD(wParam)); return 0;
     case WM_HSCROLL: scroll(SB_HORZ, LOWORD(wParam)); return 0;
     case WM_MOUSEWHEEL: turnWheel(SB_VERT, GET_WHEEL_DELTA_WPARAM(wParam)); return 0;

@@ -11,6 +11,7 @@
 //   Ctrl++, Ctrl+-           make it wider, narrower
 //   Ctrl+G                   group by it, or no longer
 //   F6                       go to the group-by box
+//   Shift+F1                 say why the current row looks as it does, as a mouse that rests on it is told
 //   Ctrl+Z, Ctrl+Shift+Z     undo, redo what was done to the view
 #pragma once
 
@@ -19,6 +20,7 @@
 #include "frontends/win32grid/own_window.h"
 #include "frontends/win32grid/row_accessible.h"
 #include "frontends/win32grid/row_painter.h"
+#include "frontends/win32grid/row_tips.h"
 
 namespace vmgv {
 
@@ -62,6 +64,10 @@ class ListRows final : public OwnWindow {
   void takeColumn(std::int32_t column);
   std::size_t placeOf(std::int32_t column) const noexcept;  // among those that are shown
 
+  std::wstring reasons(std::int32_t position) const;  // why the row looks as it does; "": no condition
+  void hover(POINT point);
+  void showReasons();
+
   std::optional<LRESULT> handleHands(UINT message, WPARAM wParam, LPARAM lParam);
   void press(POINT point, bool twice);
   void drag(POINT point);
@@ -80,6 +86,8 @@ class ListRows final : public OwnWindow {
   int shift_ = 0;
   int wheel_ = 0;  // what is left of its turns
   bool dragging_ = false;
+  std::int32_t hovered_ = 0;  // the row below the mouse
+  std::optional<RowTips> tips_;
   ComPtr<RowAccessible> accessible_;  // once somebody has asked for it
 };
 

@@ -9,7 +9,7 @@
 #include "control/vmgr_edit.h"
 #include "frontends/com/com_object.h"
 #include "servers/control/arguments.h"
-#include "servers/control/connections.h"
+#include "frontends/com/connections.h"
 #include "servers/control/in_place.h"
 #include "vmgridviews.h"
 

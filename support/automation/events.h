@@ -12,11 +12,9 @@ namespace vmgv {
 
 class EventSink {
  public:
+  virtual ~EventSink() = default;
   // What a sink throws goes to whoever raised the event.
   virtual void raised(std::string_view event, std::span<const Value> parameters) = 0;
-
- protected:
-  ~EventSink() = default;
 };
 
 // An object's part that raises events. Sinks may come and go while one is raised.

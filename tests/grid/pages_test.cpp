@@ -1,5 +1,7 @@
 // Pages of a grid: every row once and in order, whatever the paper, and what is printed.
 #include "tests/grid/pages.h"
+#include <cmath>
+
 #include "adapters/grid/pages/page_look.h"
 #include "support/text/utf8.h"
 
@@ -139,8 +141,8 @@ TEST(Pages, ColumnsShrinkAndThenGoOnBesideWithTheFirstRepeated) {
                {{30, 20}, false, 1, {{30, 20}}},
                {{30, 20}, true, 1, {{60, 40}}},
                {{100, 60}, false, 0.625, {{62.5, 37.5}}},
-               {{40, 100, 80, 60, 100}, false, 0.5, {{20, 50}, {20, 40, 30}, {20, 50}}},
-               {{300, 300}, false, 0.5, {{100}, {50, 50}}}};
+               {{40, 100, 80, 60, 100}, false, 0.55, {{22, 55}, {22, 44, 33}, {22, 55}}},
+               {{300, 300}, false, 1, {{100}, {50, 50}}}};
   for (const auto& c : cases) {
     std::vector<PageColumn> columns;
     for (const double width : c.widths) {
@@ -151,7 +153,7 @@ TEST(Pages, ColumnsShrinkAndThenGoOnBesideWithTheFirstRepeated) {
     std::vector<std::vector<double>> bands;
     for (const PageBand& band : fitted.bands) {
       bands.emplace_back();
-      for (const PageColumn& column : band) bands.back().push_back(column.width);
+      for (const PageColumn& column : band) bands.back().push_back(std::round(column.width * 100) / 100);
       EXPECT_TRUE(band.empty() || band.front().index == 1);
     }
     EXPECT_EQ(bands, c.bands) << &c - cases;
@@ -243,12 +245,14 @@ TEST(Pages, PrintingTakesTheDialogsChoiceOrNothing) {
   const ObjectRef properties = f.grid.object("PrinterProperties");
   EXPECT_EQ(properties.get("PaperWidth"), Value(500.0));
 
+  f.printer.chosen = {1000, 1001};
+  EXPECT_EQ(errorOf([&] { f.grid.call("PrintGrid", true); }, "no pages from 1000 to 1001"), 482);
   f.printer.failsAt = 2;
   EXPECT_EQ(errorOf([&] { f.grid.call("PrintGrid", false); }, "out of paper"), 482);
   EXPECT_TRUE(f.printer.openJobs == 0 && !f.printer.finished);
   properties.put("LeftMargin", 450);
   EXPECT_EQ(errorOf([&] { f.grid.call("PrintGrid", false); }, "margins leave less"), 482);
-  EXPECT_EQ(errorOf([&] { properties.put("PaperHeight", 0); }, "Paper cannot"), 5);
+  EXPECT_EQ(errorOf([&] { properties.put("PaperHeight", -1); }, "cannot have -1"), 5);
   f.engine->setPrintPort(nullptr);
   EXPECT_EQ(errorOf([&] { f.grid.call("PrintGrid", false); }, "no printing"), 482);
 }

@@ -17,7 +17,7 @@ struct PdfTest : testing::Test {
   ~PdfTest() override { std::filesystem::remove_all(folder); }
   std::string file(const char* name) const { return (folder / name).string(); }
   void print(const std::string& name, bool finishes) const {
-    const auto job = startPdf(name, {}, "Τίτλος");
+    const auto job = startPdf(name, {}, "Τίτλος \xFF");
     job->startPage().text(10, 20, "Ελληνικά \xFF and more", {"DejaVu Sans", 9}, 0);
     job->endPage();
     if (finishes) job->finish();
@@ -38,7 +38,8 @@ TEST_F(PdfTest, IsCompleteOrNotThere) {
   std::string begin;
   std::ifstream(file("old.pdf")) >> begin;
   EXPECT_TRUE(begin.starts_with("%PDF-")) << begin;
-  for (const std::string& name : {file("none/x.pdf"), file("taken")}) {
+  std::filesystem::create_symlink("/dev/full", file("full.pdf.part"));  // a disk without room
+  for (const std::string& name : {file("none/x.pdf"), file("taken"), file("full.pdf")}) {
     try {
       print(name, true);
       ADD_FAILURE() << name;

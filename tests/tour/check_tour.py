@@ -65,12 +65,19 @@ def compare(what, found, wanted):
 def main(script, data, readers, *gridhost):
     header, rows = sorted_rows(data)
     with tempfile.TemporaryDirectory() as folder:
+        wanted = {"birdstrikes.tsv", "birdstrikes.xlsx", "layout.json", "pictures", "report.pdf"}
+        if gridhost[-1].endswith(".exe"):  # where a PDF needs a printer
+            wanted.remove("report.pdf")
+            with open(script, encoding="utf-8") as lines, open(os.path.join(folder, "t.vgs"), "w", encoding="utf-8") as own:
+                own.writelines(line for line in lines if not line.startswith("print "))
+            script = own.name
+            wanted.add("t.vgs")
         played = subprocess.run([*gridhost, "--data", data, "--language", "en", "--play", script, "--out", folder],
                                 stderr=subprocess.PIPE, text=True)
         if played.returncode != 0:
             sys.exit(f"the tour failed with status {played.returncode}: {played.stderr}")
         left = {name for name in os.listdir(folder)}
-        if left != {"birdstrikes.tsv", "birdstrikes.xlsx", "layout.json", "pictures"}:
+        if left != wanted:
             sys.exit(f"the tour left {sorted(left)}")
         workbook = os.path.join(folder, "birdstrikes.xlsx")
         cells = [[(name, "General") for name in header]]

@@ -1,6 +1,7 @@
 // Dialogs that a COM host opens leave nothing behind, however often they open and close.
 #include "frontends/com/bridge.h"
 #include "frontends/user/steps.h"
+#include "frontends/win32/win32_printing.h"
 #include "servers/control/script_link.h"
 #include "tests/control/libraries.h"
 #include "tests/grid/fixture.h"
@@ -13,10 +14,13 @@ TEST(Growth, FiveHundredOpeningsLeaveNothing) {
   const ComPtr<_vmgrEdit> edit = test::makeControl();
   const ObjectRef control = wrapDispatch(edit.get());
   const auto engine = engineOf({{"City"}, {"Kind"}, {"Price"}}, {{"Volos", "lamp", 4.5}});
+  Win32Desktop desktop;
+  Win32Printing printing(desktop);
+  engine->setPrintPort(&printing);
   control.putRef("Grid", makeGridObject(engine));
   LinkedUser hands(*test::entry<ScriptLinkExport>(GetModuleHandleW(L"vmGridViews.dll"), kScriptLinkExport)());
-  for (const char* method :
-       {"ShowSort", "ShowGroups", "ShowItems", "ShowGeneral", "ShowFormat", "ShowExcel", "ShowSummary"}) {
+  for (const char* method : {"ShowSort", "ShowGroups", "ShowItems", "ShowGeneral", "ShowFormat", "ShowExcel",
+                             "ShowSummary", "ShowPreviewX"}) {
     const auto open = [&](int times) {
       for (int i = 0; i < times; ++i) {
         Steps user(hands, {[&] { hands.press(*hands.focused(), Key::Tab, 0); },

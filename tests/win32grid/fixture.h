@@ -3,6 +3,7 @@
 
 #include "frontends/com/text.h"
 #include "frontends/win32/gestures.h"
+#include "frontends/win32/window_walk.h"
 #include "frontends/win32grid/list_grid.h"
 #include "tests/grid/fixture.h"
 #include "tests/win32/fixture.h"
@@ -76,6 +77,24 @@ struct ListGridTest : testing::Test {
     engine->changeSettings([](GridSettings& settings) { settings.groupByBoxVisible = true; });
   }
   // Where the focus is; '*', '/', '+' and '-' are typed.
+  // What stands beside the current row; "" for nothing.
+  std::wstring tip() {
+    std::wstring text;
+    eachThreadWindow([&](HWND window) {
+      if (GetWindow(window, GW_OWNER) == GetAncestor(rows(), GA_ROOT) && IsWindowVisible(window)) {
+        wchar_t buffer[200] = L"";
+        TTTOOLINFOW tool{};
+        tool.cbSize = TTTOOLINFOW_V2_SIZE;
+        tool.hwnd = rows();
+        tool.uId = 2;  // the one that a key shows
+        tool.lpszText = buffer;
+        SendMessageW(window, TTM_GETTEXTW, 200, reinterpret_cast<LPARAM>(&tool));
+        text = buffer;
+      }
+      return true;
+    });
+    return text;
+  }
   void press(int key, int shift = 0) {
     const HeldKeys held(shift);
     const bool typed = std::string("*/+-").find(static_cast<char>(key)) != std::string::npos;

@@ -237,6 +237,13 @@ TEST_F(ListGridTest, PaintsWhatTheEngineSaysAndLeavesNothing) {
   desks.style.backColor = 0x0000C0;
   engine->addCondition(desks);
   EXPECT_EQ(colourAt(5), COLORREF{0x0000C0});
+  click(rows(), inRow(5, 50));
+  press(VK_F1, kShift);
+  EXPECT_EQ(tip(), L"Συνθήκες της γραμμής: desks\r\nΧρώμα φόντου: desks");
+  press(VK_UP);
+  EXPECT_EQ(tip(), L"") << "gone with the next key";
+  press(VK_F1, kShift);
+  EXPECT_EQ(tip(), L"Καμία συνθήκη δεν ισχύει για τη γραμμή.");
   const int line = height(5);
   engine->changeCondition(engine->conditions().front(), [](FormatCondition& c) { c.style.fontSize = 20; });
   EXPECT_GT(height(5), line) << "no text is cut off";

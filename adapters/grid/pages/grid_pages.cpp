@@ -4,11 +4,19 @@
 
 #include "adapters/grid/pages/page_painter.h"
 #include "support/automation/error.h"
+#include "support/text/utf8.h"
 
 namespace vmgv {
 namespace {
 
 constexpr const char* kNoTitle = "vmGridViews";  // of a document without a header
+constexpr int kTitleCharacters = 80;             // printers take no endless one
+
+std::string titleOf(const std::string& header) {
+  std::string_view rest = header;
+  for (int i = 0; i < kTitleCharacters && !rest.empty(); ++i) takeCodePoint(rest);
+  return header.empty() ? kNoTitle : header.substr(0, header.size() - rest.size());
+}
 
 }  // namespace
 
@@ -72,10 +80,14 @@ void GridPages::print(bool showDialog) {
 }
 
 void GridPages::print(const PrintOrder& order) {
-  const std::int32_t last = std::min(order.lastPage, count());
-  const std::string& title = engine_->printer().header[0];
-  const std::unique_ptr<PrintJob> job = port().start(setup(), order, title.empty() ? kNoTitle : title);
-  for (std::int32_t page = std::max(order.firstPage, 1); page <= last; ++page) {
+  const std::int32_t first = std::max(order.firstPage, 1), last = std::min(order.lastPage, count());
+  if (first > last) {
+    throw Error(ErrorNumber::Printer, "There are no pages from " + std::to_string(order.firstPage) + " to " +
+                                          std::to_string(order.lastPage) + " among " +
+                                          std::to_string(count()));
+  }
+  const std::unique_ptr<PrintJob> job = port().start(setup(), order, titleOf(engine_->printer().header[0]));
+  for (std::int32_t page = first; page <= last; ++page) {
     draw(page, job->startPage());
     job->endPage();
   }

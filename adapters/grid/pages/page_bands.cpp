@@ -8,6 +8,26 @@ namespace {
 
 constexpr double kFirstShare = 0.5;  // of a page that the repeated first column takes at most
 constexpr double kRounding = 1e-6;
+constexpr int kScaleSteps = 20;  // that are tried between no shrinking and none of the size left
+
+std::vector<PageBand> cutIntoBands(const std::vector<PageColumn>& columns, double scale, double room) {
+  std::vector<PageBand> bands;
+  double left = 0;
+  for (const PageColumn& column : columns) {
+    if (bands.empty() || column.width * scale > left + kRounding) {
+      bands.emplace_back();
+      left = room;
+      if (bands.size() > 1) {
+        const PageColumn& first = columns.front();
+        bands.back().push_back({first.index, std::min(first.width * scale, room * kFirstShare)});
+        left -= bands.back().back().width;
+      }
+    }
+    bands.back().push_back({column.index, std::min(column.width * scale, left)});
+    left -= bands.back().back().width;
+  }
+  return bands;
+}
 
 }  // namespace
 
@@ -17,35 +37,20 @@ double widthOf(const PageBand& band) noexcept {
 }
 
 PageBands fitColumns(std::vector<PageColumn> columns, double room, double leastScale, bool fill) {
-  PageBands result;
   const double natural = widthOf(columns);
-  double stretch = 1;
-  if (natural > room) {
-    result.scale = stretch = std::max(room / natural, leastScale);
-  } else if (fill && natural > 0) {
-    stretch = room / natural;
+  if (natural * leastScale <= room + kRounding) {
+    const double fitting = natural > 0 ? room / natural : 1;
+    const double stretch = fill ? fitting : std::min(fitting, 1.0);
+    for (PageColumn& column : columns) column.width *= stretch;
+    return {std::min(fitting, 1.0), {std::move(columns)}};
   }
-  for (PageColumn& column : columns) column.width *= stretch;
-  if (widthOf(columns) <= room + kRounding) {
-    result.bands.push_back(std::move(columns));
-    return result;
+  // As large as the least number of pages allows.
+  const std::size_t least = cutIntoBands(columns, leastScale, room).size();
+  for (int step = kScaleSteps;; --step) {
+    const double scale = std::max(static_cast<double>(step) / kScaleSteps, leastScale);
+    std::vector<PageBand> bands = cutIntoBands(columns, scale, room);
+    if (bands.size() == least) return {scale, std::move(bands)};
   }
-  PageColumn first = columns.front();
-  first.width = std::min(first.width, room * kFirstShare);
-  double left = 0;
-  for (const PageColumn& column : columns) {
-    if (result.bands.empty() || column.width > left + kRounding) {
-      result.bands.emplace_back();
-      left = room;
-      if (result.bands.size() > 1) {
-        result.bands.back().push_back(first);
-        left -= first.width;
-      }
-    }
-    result.bands.back().push_back({column.index, std::min(column.width, left)});
-    left -= result.bands.back().back().width;
-  }
-  return result;
 }
 
 }  // namespace vmgv

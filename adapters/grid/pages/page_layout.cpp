@@ -1,6 +1,7 @@
 #include "adapters/grid/pages/page_layout.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "support/automation/error.h"
 
@@ -114,8 +115,10 @@ double PageLayout::previewRoom() const noexcept {
   return std::max(widthOf(bands_.bands.front()), area_.width * kTextShare) - previewIndent() - padding();
 }
 
-std::int32_t PageLayout::count() const noexcept {
-  return static_cast<std::int32_t>((starts_.size() - 1) * bands_.bands.size());
+std::int32_t PageLayout::count() const {
+  const std::size_t pages = (starts_.size() - 1) * bands_.bands.size();
+  if (pages <= std::numeric_limits<std::int32_t>::max()) return static_cast<std::int32_t>(pages);
+  throw Error(ErrorNumber::Printer, "The grid cannot be printed: on this paper it has too many pages");
 }
 
 PageLayout::Page PageLayout::page(std::int32_t fromOne) const {

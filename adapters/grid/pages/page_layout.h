@@ -17,7 +17,7 @@ class PageLayout {
   // Error 482 where the margins leave less than an inch of the paper.
   PageLayout(const GridEngine& engine, PageFonts& fonts, bool onlySelected);
 
-  std::int32_t count() const noexcept;
+  std::int32_t count() const;  // Error 482 beyond 31 bits
   const PageRows& rows() const noexcept { return rows_; }
 
   // Pages side by side come before those below them.

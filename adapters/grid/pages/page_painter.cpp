@@ -34,12 +34,10 @@ void PagePainter::draw(std::int32_t page) {
     drawTitles(shown.columns, top);
     top += layout_.titleHeight();
   }
-  for (PageStart at = shown.begin; at.row < shown.end.row; at = {at.row + 1, 0}) {
-    top += drawRow(shown, engine_.displayRow(layout_.rows().position(at.row)), at.part, kAllParts, top);
-  }
-  if (shown.end.part > 0) {
-    const int first = shown.begin.row == shown.end.row ? shown.begin.part : 0;
-    drawRow(shown, engine_.displayRow(layout_.rows().position(shown.end.row)), first, shown.end.part, top);
+  const PageStart begin = shown.begin, end = shown.end;
+  for (std::int32_t row = begin.row; row < end.row || (row == end.row && end.part > 0); ++row) {
+    top += drawRow(shown, engine_.displayRow(layout_.rows().position(row)), row == begin.row ? begin.part : 0,
+                   row == end.row ? end.part : kAllParts, top);
   }
   for (const Text& text : texts_) {
     surface_.text(text.x, text.baseline, text.text, *text.font, text.colour);
@@ -121,14 +119,12 @@ void PagePainter::drawPreview(const DisplayRow& row, int first, int end, double 
 
 void PagePainter::drawGroup(const PageLayout::Page& page, const DisplayRow& row, const PageRect& place) {
   const PaperFont& font = layout_.fonts().of(engine_.settings().font, true);
-  if (row.rowType == kGroupFooterRow) {
-    rule(place, kGroupLineWidth, kGroupLine);
-    return drawCells(page.columns, row, place, font, kTitleText);
-  }
+  const bool header = row.rowType == kGroupHeaderRow;
+  if (header) surface_.fill(place, kGroupBack);
+  rule(place, kGroupLineWidth, kGroupLine);
+  if (!header) return drawCells(page.columns, row, place, font, kTitleText);
   const double indent = layout_.padding() + row.level * layout_.indent();
   const double room = std::max(page.textWidth - indent - layout_.padding(), 0.0);
-  surface_.fill(place, kGroupBack);
-  rule(place, kGroupLineWidth, kGroupLine);
   put(engine_.groupText(row), cut(place, place.left + indent, room), Alignment::Left, font, kTitleText);
 }
 

@@ -1,4 +1,4 @@
-#include "servers/control/connections.h"
+#include "frontends/com/connections.h"
 
 #include <algorithm>
 
