@@ -60,16 +60,21 @@ std::string_view between(std::string_view text, std::string_view before, std::st
 // The cells of one column, whatever their row.
 class CellReader {
  public:
-  explicit CellReader(int column) : mark_("<c r=\"" + columnLetters(column)) {}
+  explicit CellReader(int column) : column_(column) {}
 
-  // The element of the row's cell; "" where it has no contents.
+  // The element of the row's cell; "" where it has no contents. A cell without a name follows the one before.
   std::string_view in(std::string_view row) const {
-    for (std::size_t at = row.find(mark_); at != std::string_view::npos; at = row.find(mark_, at + 1)) {
-      const char next = row[at + mark_.size()];
-      if (next < '0' || next > '9') continue;  // a column of more letters
+    constexpr std::string_view kCell = "<c", kNamed = "<c r=\"";
+    int column = 0;
+    for (std::size_t at = row.find(kCell); at != std::string_view::npos; at = row.find(kCell, at + 1)) {
       const std::size_t tagEnd = row.find('>', at);
-      return row[tagEnd - 1] == '/' ? std::string_view()
-                                    : row.substr(tagEnd, row.find("</c>", tagEnd) - tagEnd);
+      const std::string_view tag = row.substr(at, tagEnd - at);
+      const bool isNamed = tag.starts_with(kNamed);
+      const auto place = isNamed ? areaNamed(between(tag, kNamed, "\"")) : std::nullopt;
+      column = place ? place->left : column + 1;
+      if (column < column_) continue;
+      if (column > column_ || tag.ends_with('/')) return {};
+      return row.substr(tagEnd, row.find("</c>", tagEnd) - tagEnd);
     }
     return {};
   }
@@ -87,7 +92,7 @@ class CellReader {
   }
 
  private:
-  std::string mark_;
+  int column_;
 };
 
 // The lines found so far, by their texts. A spelling that has come before is found without folding it again.

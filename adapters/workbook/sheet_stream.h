@@ -94,6 +94,7 @@ class SheetStream {
   std::vector<int> touched_;  // columns of the current row's cells, in the order of their first change
   std::vector<Area> merges_;  // of the current row
   int row_ = 0;               // the current one
+  int nextColumn_ = 0;        // where a cell stands that is written without a name
   int lastColumn_ = 0;        // of the rows completed
   std::int64_t rowCount_ = 0;
   bool selected_ = true;

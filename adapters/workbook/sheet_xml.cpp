@@ -59,6 +59,7 @@ void SheetStream::completeRow() {
   }
   *out++ = '>';
   text.endAt(out);
+  nextColumn_ = 0;  // the first cell has a name
   for (const int number : touched_) {
     Column& column = columns_[static_cast<std::size_t>(number) - 1];
     const std::size_t textSize = column.cell.kind == Cell::Kind::Text ? column.cell.text.size() : 0;
@@ -99,19 +100,25 @@ void SheetStream::appendOldRow(const OldRow& row) {
   rows_.settle();
 }
 
+// Only cells that do not follow the one before are named: names would be a quarter of the file.
 char* SheetStream::encodeCell(char* out, Column& column, std::string_view rowDigits, bool merged) {
   const Cell& cell = column.cell;
   if (cell.kind == Cell::Kind::Blank && cell.style == 0) return out;
-  out = put(put(put(out, "<c r=\""), {column.letters.data(), column.letterCount}), rowDigits);
-  if (cell.style != 0)
-    out = std::to_chars(put(out, "\" s=\""), out + kCellFrame, styles_.number(cell.style)).ptr;
+  out = put(out, "<c");
+  if (cell.column != nextColumn_) {
+    out = put(put(put(put(out, " r=\""), {column.letters.data(), column.letterCount}), rowDigits), "\"");
+  }
+  nextColumn_ = cell.column + 1;
+  if (cell.style != 0) {
+    out = put(std::to_chars(put(out, " s=\""), out + kCellFrame, styles_.number(cell.style)).ptr, "\"");
+  }
 
   int width = 0;  // characters
   switch (cell.kind) {
-    case Cell::Kind::Blank: return put(out, "\"/>");
+    case Cell::Kind::Blank: return put(out, "/>");
     case Cell::Kind::Number:
     case Cell::Kind::Date: {
-      char* const digits = put(out, "\"><v>");
+      char* const digits = put(out, "><v>");
       const bool isDate = cell.kind == Cell::Kind::Date;
       out = encodeNumber(digits, isDate ? dateSerial(cell.number) : cell.number);
       const int length = static_cast<int>(out - digits);
@@ -121,13 +128,13 @@ char* SheetStream::encodeCell(char* out, Column& column, std::string_view rowDig
       break;
     }
     case Cell::Kind::Boolean:
-      out = put(out, cell.number != 0 ? "\" t=\"b\"><v>1</v></c>" : "\" t=\"b\"><v>0</v></c>");
+      out = put(out, cell.number != 0 ? " t=\"b\"><v>1</v></c>" : " t=\"b\"><v>0</v></c>");
       width = 5;  // FALSE
       break;
     case Cell::Kind::Text: {
       const bool keepBlanks = isBlank(cell.text.front()) || isBlank(cell.text.back());
-      out = put(out, keepBlanks ? "\" t=\"inlineStr\"><is><t xml:space=\"preserve\">"
-                                : "\" t=\"inlineStr\"><is><t>");
+      out = put(out,
+                keepBlanks ? " t=\"inlineStr\"><is><t xml:space=\"preserve\">" : " t=\"inlineStr\"><is><t>");
       TextShape shape;
       out = put(encodeText(out, cell.text, shape), "</t></is></c>");
       width = shape.widest;

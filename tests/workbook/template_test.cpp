@@ -289,10 +289,10 @@ TEST_F(FillTest, RowsTakeThePlaceOfTheOldOnesAndAllElseFollows) {
           "><col max=\"1\" min=\"1\" customWidth=\"1\" bestFit=\"1\" width=\"5.71\"/>"
           "<col customWidth=\"1\" bestFit=\"1\" width=\"6.71\" min=\"2\" max=\"2\" style='1' hidden='1'/>"
           "<col min=\"3\" max=\"4\" style='1' hidden='1'/></cols><sheetData" +
-          kMain + "><row r=\"1\"><c r=\"A1\" s=\"2\"" + kText + "name" + kTextEnd + "<c r=\"B1\" s=\"1\"" +
-          kText + "price" + kTextEnd + "</row><row r=\"2\"><c r=\"A2\"" + kText + "fig" + kTextEnd +
-          "<c r=\"B2\" s=\"1\"><v>3</v></c></row><row r=\"3\" ht='30' customHeight='1'><c r=\"B3\" s=\"3\"" +
-          kText + "a\nb" + kTextEnd +
+          kMain + "><row r=\"1\"><c r=\"A1\" s=\"2\"" + kText + "name" + kTextEnd + "<c s=\"1\"" + kText +
+          "price" + kTextEnd + "</row><row r=\"2\"><c r=\"A2\"" + kText + "fig" + kTextEnd +
+          "<c s=\"1\"><v>3</v></c></row><row r=\"3\" ht='30' customHeight='1'><c r=\"B3\" s=\"3\"" + kText +
+          "a\nb" + kTextEnd +
           "<c r=\"F3\" s=\"1\"/></row><row r=\"5\"><c r=\"A5\" s=\"1\"/></row></sheetData>"
           "<autoFilter" +
           kMain + " ref=\"A1:B3\"/><mergeCells" + kMain +

@@ -7,6 +7,8 @@
 #include <pugixml.hpp>
 #include <stdexcept>
 
+#include "adapters/workbook/area.h"
+
 namespace vmgv::test {
 namespace {
 
@@ -65,7 +67,10 @@ WorkbookFile::WorkbookFile(const std::string& path) {
   }
   for (const auto row : sheet.child("sheetData")) {
     if (row.attribute("ht")) heights[row.attribute("r").as_int()] = row.attribute("ht").as_double();
+    int column = 0;
     for (const auto c : row) {
+      const char* const reference = c.attribute("r").value();  // without one it follows the cell before
+      column = *reference ? workbook::areaNamed(reference)->left : column + 1;
       const auto inlined = c.child("is").child("t");
       const auto format = formats.at(c.attribute("s").as_uint());
       FileCell cell;
@@ -74,7 +79,7 @@ WorkbookFile::WorkbookFile(const std::string& path) {
       cell.format = codes.at(format.attribute("numFmtId").as_int());
       cell.wraps = format.child("alignment").attribute("wrapText").as_bool();
       cell.keepsBlanks = std::string(inlined.attribute("xml:space").value()) == "preserve";
-      order.push_back(c.attribute("r").value());
+      order.push_back(workbook::cellName(row.attribute("r").as_int(), column));
       cells[order.back()] = cell;
     }
   }
