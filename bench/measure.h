@@ -2,6 +2,7 @@
 #pragma once
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <cstdio>
 
@@ -20,6 +21,16 @@ inline double peakMegabytes() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
   return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+// Of the process now, the shared parts of its libraries included.
+inline double currentMegabytes() {
+  long pages = 0;
+  if (std::FILE* memory = std::fopen("/proc/self/statm", "r")) {
+    if (std::fscanf(memory, "%*s %ld", &pages) != 1) pages = 0;
+    std::fclose(memory);
+  }
+  return static_cast<double>(pages) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20);
 }
 
 inline void report(const char* name, double value) { std::printf("%s %.4f\n", name, value); }
