@@ -185,7 +185,8 @@ void PackageReader::read(const PackagePart& part, const std::function<void(std::
 }
 
 std::string PackageReader::text(const PackagePart& part) const {
-  if (part.textSize > kMostText) refuse("its part " + part.name + " is too large");
+  if (part.textSize > kMostText)
+    refuse("its part " + part.name + " is too large: unpacked it has more than 64 MB");
   std::string text;
   text.reserve(static_cast<std::size_t>(part.textSize));
   read(part, [&text](std::string_view piece) { text += piece; });

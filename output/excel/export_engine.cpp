@@ -162,7 +162,7 @@ ExportEngine::Outcome ExportEngine::writeRows(std::int32_t count, const CellWrit
     writePreview(cells, row + 1, lastColumn, value);
     ++row;
   }
-  return Outcome::Completed;
+  return dialog_.cancelled ? Outcome::Cancelled : Outcome::Completed;  // at the last row
 }
 
 std::int32_t ExportEngine::writeRecord(const CellWriter& cells, std::int32_t row, const ObjectRef& gridRow) {

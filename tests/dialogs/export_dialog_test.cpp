@@ -90,8 +90,8 @@ TEST(ExportDialog, CancelStopsAtTheNextRow) {
                       [](DialogFixture& f) { f.desktop.press(f.at("cmdCancel"), Key::Escape, 0); },
                       [](DialogFixture& f) { f.desktop.closeWindow(); }};
   for (const Act& act : acts) {
-    for (const int row : {1, 60, 119}) {
-      DialogFixture f(gridOfRows(120));
+    for (const int row : {1, 60, 100}) {
+      DialogFixture f(gridOfRows(100));
       bool acted = false;
       f.show("ShowExcel", {f.click("cmdOK")}, [&] {
         if (acted || !f.desktop.form() || f.at<ProgressBar>("prbar").value() != row) return;
