@@ -1,19 +1,28 @@
 #include "adapters/pdf/font_faces.h"
 
 #include <cairo-ft.h>
+#include <fontconfig/fontconfig.h>
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 
 namespace vmgv {
 namespace {
 
 constexpr double kUnitsSize = 1000;  // metrics are taken at this size, where nothing is rounded
 
-struct PatternDeleter {
+struct FontconfigDeleter {
   void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+  void operator()(FcConfig* fonts) const { FcConfigDestroy(fonts); }
 };
-using Pattern = std::unique_ptr<FcPattern, PatternDeleter>;
+using Pattern = std::unique_ptr<FcPattern, FontconfigDeleter>;
+
+// The machine's fonts, apart from what a toolkit in the process keeps of them.
+FcConfig* machineFonts() {
+  static const std::unique_ptr<FcConfig, FontconfigDeleter> fonts(FcInitLoadConfigAndFonts());
+  return fonts.get();
+}
 
 // Null where the machine has no font at all.
 Pattern bestMatch(const std::string& family, bool bold, bool italic, char32_t character) {
@@ -28,23 +37,47 @@ Pattern bestMatch(const std::string& family, bool bold, bool italic, char32_t ch
     FcPatternAddCharSet(wanted.get(), FC_CHARSET, characters);
     FcCharSetDestroy(characters);
   }
-  FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
+  FcConfigSubstitute(machineFonts(), wanted.get(), FcMatchPattern);
   FcDefaultSubstitute(wanted.get());
   FcResult result = FcResultMatch;
-  return Pattern(FcFontMatch(nullptr, wanted.get(), &result));
+  return Pattern(FcFontMatch(machineFonts(), wanted.get(), &result));
 }
 
-// One face for each font file, whatever asks for it: a PDF embeds it once.
-std::shared_ptr<const FontFace> faceOf(const Pattern& match) {
-  static std::map<std::string, std::shared_ptr<const FontFace>> known;
-  FcChar8* text = match ? FcNameUnparse(match.get()) : nullptr;
-  const std::string key = text ? reinterpret_cast<const char*>(text) : "";
-  std::free(text);
-  auto& face = known[key];
-  if (!face) {
-    const Pattern any(match ? nullptr : FcPatternCreate());
-    face = std::make_shared<FontFace>(cairo_ft_font_face_create_for_pattern(match ? match.get() : any.get()));
+// The file stays open for the life of the process.
+cairo_font_face_t* openFace(const std::string& file, int index, unsigned synthesis) {
+  static FT_Library library = [] {
+    FT_Library made = nullptr;
+    FT_Init_FreeType(&made);
+    return made;
+  }();
+  FT_Face face = nullptr;
+  if (FT_New_Face(library, file.c_str(), index, &face) != 0) {  // there is no font
+    return cairo_toy_font_face_create("", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
   }
+  cairo_font_face_t* made = cairo_ft_font_face_create_for_ft_face(face, 0);
+  cairo_ft_font_face_set_synthesize(made, synthesis);
+  return made;
+}
+
+// One face for each font in a file, whatever asks for it: a PDF embeds it once.
+std::shared_ptr<const FontFace> faceOf(const Pattern& match) {
+  FcChar8* file = nullptr;
+  int index = 0;
+  FcBool bold = FcFalse;
+  FcMatrix* slanted = nullptr;
+  if (match) {
+    FcPatternGetString(match.get(), FC_FILE, 0, &file);
+    FcPatternGetInteger(match.get(), FC_INDEX, 0, &index);
+    FcPatternGetBool(match.get(), FC_EMBOLDEN, 0, &bold);
+    FcPatternGetMatrix(match.get(), FC_MATRIX, 0, &slanted);
+  }
+  unsigned synthesis = 0;
+  if (bold) synthesis |= CAIRO_FT_SYNTHESIZE_BOLD;
+  if (slanted) synthesis |= CAIRO_FT_SYNTHESIZE_OBLIQUE;
+  const std::string name = file ? reinterpret_cast<const char*>(file) : "";
+  static std::map<std::tuple<std::string, int, unsigned>, std::shared_ptr<const FontFace>> known;
+  auto& face = known[{name, index, synthesis}];
+  if (!face) face = std::make_shared<FontFace>(openFace(name, index, synthesis));
   return face;
 }
 

@@ -11,7 +11,7 @@ namespace {
 // Notes what is written to it and called; its pages say when they are drawn, set up and printed.
 class PrintingGrid final : public NamedObject, public PageSource {
  public:
-  PrintingGrid() : NamedObject("GridEX") { retain(); }  // lives in the fixture
+  PrintingGrid() : NamedObject("GridEX") {}
 
   std::int32_t count() override { return pages; }
   PageSize paper() override { return {200, 300}; }
@@ -51,7 +51,7 @@ class PrintingGrid final : public NamedObject, public PageSource {
 };
 
 struct PreviewFixture : DialogFixture {
-  PreviewFixture() { control.putRef("Grid", ObjectRef(&grid)); }
+  PreviewFixture() { control.putRef("Grid", held); }
 
   void show(const char* header, bool ownToolbar, std::vector<Steps::Step> steps, bool onlySelected = false) {
     Steps user(desktop, std::move(steps));
@@ -64,7 +64,8 @@ struct PreviewFixture : DialogFixture {
     return [this, key] { desktop.press(at("GEXPreview1.pages"), key, 0); };
   }
 
-  PrintingGrid grid;
+  const ObjectRef held = new PrintingGrid;
+  PrintingGrid& grid = static_cast<PrintingGrid&>(*held);
 };
 
 TEST(PreviewDialog, OpensWithEitherToolbarInBothLanguages) {
@@ -185,7 +186,7 @@ TEST(PreviewDialog, HelpAndSize) {
 
 TEST(PreviewDialog, EveryCallOfTheGridFailsOnce) {
   const auto run = [](PreviewFixture& f, Fault& fault) {
-    f.control.putRef("Grid", makeObject<FaultyObject>(ObjectRef(&f.grid), fault));
+    f.control.putRef("Grid", makeObject<FaultyObject>(f.held, fault));
     bool opened = false;
     const auto act = [&](Steps::Step step) {
       return [&f, step] {
