@@ -56,8 +56,7 @@ struct CallException : EXCEPINFO {
   [[noreturn]] void raise() {
     const Error meaning = errorOf(code());
     const std::string text = narrow(BString::view(bstrDescription));
-    if (text.empty()) throw meaning;
-    throw Error(meaning.number(), text);
+    throw Error(meaning.number(), text.empty() ? meaning.description() : text);
   }
 };
 

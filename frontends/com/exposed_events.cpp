@@ -40,7 +40,7 @@ void addEvents(ICreateTypeInfo& source) {
     ELEMDESC types[kParameters]{};
     for (ELEMDESC& type : types) type.tdesc.vt = VT_I4;
     FUNCDESC function{};
-    function.memid = static_cast<MEMBERID>(place + 1);
+    function.memid = static_cast<MEMBERID>(place) + 1;
     function.lprgelemdescParam = types;
     function.funckind = FUNC_DISPATCH;
     function.invkind = INVOKE_FUNC;

@@ -20,7 +20,6 @@ class ExposedEvents final : public IConnectionPointContainer, public IProvideCla
   ExposedEvents(IUnknown& owner, Object& object);
   ExposedEvents(const ExposedEvents&) = delete;
   ExposedEvents& operator=(const ExposedEvents&) = delete;
-  virtual ~ExposedEvents() = default;
 
   bool areRaised() const noexcept { return listening_ != nullptr; }
 

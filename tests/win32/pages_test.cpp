@@ -2,11 +2,13 @@
 #include <algorithm>
 #include <set>
 
+#include "adapters/grid/pages/grid_pages.h"
 #include "frontends/com/text.h"
 #include "frontends/win32/gdi_page.h"
 #include "frontends/win32/win32_printing.h"
 #include "support/automation/error.h"
 #include "support/forms/page_preview.h"
+#include "tests/grid/fixture.h"
 #include "tests/win32/fixture.h"
 
 #include <winspool.h>
@@ -121,6 +123,22 @@ int CALLBACK noteText(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARA
   return 1;
 }
 
+using Texts = std::vector<std::pair<std::string, int>>;  // with their widths in pixels
+
+// What a device is told to write.
+Texts textsOf(double scale, PageFonts& fonts, const std::function<void(PageSurface&)>& draw) {
+  Texts texts;
+  const HDC record = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+  {
+    GdiPage page(record, {0, 0}, scale, fonts);
+    draw(page);
+  }
+  const HENHMETAFILE file = CloseEnhMetaFile(record);
+  EnumEnhMetaFile(nullptr, file, reinterpret_cast<ENHMFENUMPROC>(noteText), &texts, nullptr);
+  DeleteEnhMetaFile(file);
+  return texts;
+}
+
 // However coarse the device, a text ends where the fonts say.
 TEST(GdiPage, TextsAreAsLongAsTheFontsMeasureThem) {
   GdiPageFonts fonts;
@@ -131,19 +149,35 @@ TEST(GdiPage, TextsAreAsLongAsTheFontsMeasureThem) {
     if (character) width += fonts.metrics(font)->advance(character);
   }
   for (const double scale : {0.5, 4.0 / 3, 600.0 / 72}) {
-    std::vector<std::pair<std::string, int>> texts;
-    const HDC record = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-    {
-      GdiPage page(record, {0, 0}, scale, fonts);
-      page.text(36, 72, text, font, 0);
-    }
-    const HENHMETAFILE file = CloseEnhMetaFile(record);
-    EnumEnhMetaFile(nullptr, file, reinterpret_cast<ENHMFENUMPROC>(noteText), &texts, nullptr);
-    DeleteEnhMetaFile(file);
+    const Texts texts = textsOf(scale, fonts, [&](PageSurface& page) { page.text(36, 72, text, font, 0); });
     ASSERT_EQ(texts.size(), 1u);
     EXPECT_EQ(texts[0].first, text);
     EXPECT_NEAR(texts[0].second, width * scale, 1) << scale;
   }
+}
+
+TEST_F(Win32Test, EachRowOfAGridIsOnOnePageInOrder) {
+  constexpr int kRows = 200;
+  std::vector<std::vector<Value>> rows;
+  for (int i = 1; i <= kRows; ++i) rows.push_back({"Σειρά " + std::to_string(i)});
+  const auto engine = engineOf({{"City"}}, std::move(rows));
+  Win32Printing printing(desktop);
+  engine->setPrintPort(&printing);
+  engine->printer().repeatHeaders = true;
+  GridPages pages(engine, std::make_shared<EventSource>(), false);
+  ASSERT_GT(pages.count(), 2);
+  int row = 0;
+  for (std::int32_t page = 1; page <= pages.count(); ++page) {
+    const Texts texts =
+        textsOf(600.0 / 72, printing.fonts(), [&](PageSurface& surface) { pages.draw(page, surface); });
+    EXPECT_TRUE(
+        std::any_of(texts.begin(), texts.end(), [](const auto& text) { return text.first == "City"; }));
+    for (const auto& [text, width] : texts) {
+      if (!text.starts_with("Σειρά")) continue;
+      EXPECT_EQ(text, "Σειρά " + std::to_string(++row));
+    }
+  }
+  EXPECT_EQ(row, kRows);
 }
 
 TEST_F(Win32Test, WithoutAPrinterPrintingSaysSo) {
