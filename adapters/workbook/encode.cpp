@@ -163,12 +163,14 @@ char* encodeNumber(char* out, double number) {
   return std::to_chars(out, out + 32, number).ptr;
 }
 
-std::string attributeText(std::string_view text) {
+std::string elementText(std::string_view text) {
   std::string encoded(text.size() * kMaxGrowth, '\0');
   TextShape shape;
   encoded.resize(static_cast<std::size_t>(encodeText(encoded.data(), text, shape) - encoded.data()));
-  return quotedText(encoded);
+  return encoded;
 }
+
+std::string attributeText(std::string_view text) { return quotedText(elementText(text)); }
 
 std::string quotedText(std::string_view encoded) {
   std::string quoted;

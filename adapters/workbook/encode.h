@@ -26,9 +26,10 @@ char* encodeText(char* out, std::string_view text, TextShape& shape);
 // The shortest digits that read back as the same number; at most 32 bytes.
 char* encodeNumber(char* out, double number);
 
+std::string elementText(std::string_view text);  // what encodeText writes
 // For an attribute in double quotes, where readers would take a line feed for a blank.
 std::string attributeText(std::string_view text);
-std::string quotedText(std::string_view encoded);  // the same of what encodeText wrote
+std::string quotedText(std::string_view encoded);  // the same of an element's text
 
 std::size_t utf16Units(std::string_view text);  // ill-formed bytes count one each
 

@@ -41,13 +41,6 @@ std::string numberCell(const std::string& name, double value) {
   return "<c r=\"" + name + "\"><v>" + std::string(digits, encodeNumber(digits, value)) + "</v></c>";
 }
 
-std::string elementText(const std::string& text) {
-  std::string encoded(text.size() * kMaxGrowth, '\0');
-  TextShape shape;
-  encoded.resize(static_cast<std::size_t>(encodeText(encoded.data(), text, shape) - encoded.data()));
-  return encoded;
-}
-
 }  // namespace
 
 std::string pivotSheetXml(const Pivot& pivot) {
