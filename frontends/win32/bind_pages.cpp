@@ -74,7 +74,7 @@ class PagesBinding final : public BindingOf<PagePane> {
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     auto* const self = reinterpret_cast<PagesBinding*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     try {
-      if (self && self->handle(message, wParam, lParam)) return 0;
+      if (self && self->handle(message, wParam)) return 0;
     } catch (const std::exception& error) {
       OutputDebugStringW(wide(error.what()).c_str());
       return 0;
@@ -82,7 +82,7 @@ class PagesBinding final : public BindingOf<PagePane> {
     return DefWindowProcW(window, message, wParam, lParam);
   }
 
-  bool handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  bool handle(UINT message, WPARAM wParam) {
     switch (message) {
       case WM_PAINT: {
         const PaintScope scope(window());
@@ -103,7 +103,6 @@ class PagesBinding final : public BindingOf<PagePane> {
       case WM_KEYDOWN: return pressKey(static_cast<int>(wParam));
       default: return false;
     }
-    static_cast<void>(lParam);
   }
 
   void repaint() const noexcept { InvalidateRect(window(), nullptr, FALSE); }
