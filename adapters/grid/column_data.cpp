@@ -1,5 +1,6 @@
 #include "adapters/grid/column_data.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -114,6 +115,16 @@ void ColumnData::append(bool flag) {
 const std::vector<std::uint32_t>& ColumnData::ranks() const {
   if (ranks_.size() != texts_.size()) ranks_ = textRanks(texts_);
   return ranks_;
+}
+
+std::pair<std::uint32_t, std::uint32_t> ColumnData::extremes() const {
+  const auto among = [](const auto& numbers) {
+    const auto [least, most] = std::minmax_element(numbers.begin(), numbers.end());
+    return std::pair(static_cast<std::uint32_t>(least - numbers.begin()),
+                     static_cast<std::uint32_t>(most - numbers.begin()));
+  };
+  if (type_ == ColumnType::Number) return among(numbers_);
+  return isWide_ ? among(wide_) : among(narrow_);
 }
 
 void ColumnData::finish() {

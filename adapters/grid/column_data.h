@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "adapters/grid/text_pool.h"
@@ -51,6 +52,8 @@ class ColumnData {
   const std::vector<double>& numbers() const noexcept { return numbers_; }
   const std::vector<std::uint8_t>& flags() const noexcept { return flags_; }
   bool isWide() const noexcept { return isWide_; }
+  // The records of the least and of the largest number; of Whole and Number alone, and not without records.
+  std::pair<std::uint32_t, std::uint32_t> extremes() const;
   bool hasNulls() const noexcept { return nullCount_ > 0; }
 
  private:

@@ -86,6 +86,10 @@ class GridEngine {
   std::string previewText(const DisplayRow& row) const;  // "" without a preview column and of no record
   Alignment alignment(std::int32_t column) const;
   bool isSummed(std::int32_t column) const;  // by footers
+  // Of a summed column, the records of the least and of the largest number; not without records.
+  std::pair<std::uint32_t, std::uint32_t> extremeRecords(std::int32_t column) const {
+    return data_[checkedIndex(column)].extremes();
+  }
   Value recordValue(std::uint32_t record, std::int32_t column) const {
     const std::size_t place = checkedIndex(column);
     if (record >= records_) noRecord(record);

@@ -1,6 +1,8 @@
 // Pages of a grid: every row once and in order, whatever the paper, and what is printed.
 #include "tests/grid/pages.h"
+
 #include <cmath>
+#include <set>
 
 #include "adapters/grid/pages/page_look.h"
 #include "support/text/utf8.h"
@@ -158,6 +160,28 @@ TEST(Pages, ColumnsShrinkAndThenGoOnBesideWithTheFirstRepeated) {
     }
     EXPECT_EQ(bands, c.bands) << &c - cases;
   }
+}
+
+TEST(Pages, NoNumberLosesDigitsHoweverRareItIs) {
+  std::vector<std::vector<Value>> rows;
+  for (int i = 0; i < 29998; ++i) rows.push_back({i % 2 == 0 ? "odd" : "even", i % 9});
+  rows[12345][1] = 1234567;
+  rows[23458][1] = -7654321;
+  MemoryPrinter printer;
+  const auto engine = engineOf({{"kind"}, {"amount"}}, std::move(rows));
+  engine->setPrintPort(&printer);
+  engine->addGroup({1, 1});
+  engine->changeSettings([](GridSettings& settings) {
+    settings.groupFooterStyle = kTotalsGroupFooter;
+    settings.columnAutoResize = false;
+  });
+  makeGridObject(engine).call("PrintGrid", false);
+  std::set<std::string> shown;
+  for (const RecordedPage& page : printer.pages) {
+    for (const PageText& text : page.texts) shown.insert(text.text);
+  }
+  for (const char* number : {"1234567", "-7654321"}) EXPECT_TRUE(shown.contains(number)) << number;
+  EXPECT_TRUE(shown.contains(engine->displayText(engine->rowCount(), 2))) << "the last total";
 }
 
 TEST(Pages, TextsAreCutAndWrapped) {

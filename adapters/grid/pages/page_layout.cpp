@@ -58,7 +58,8 @@ double PageLayout::padding() const noexcept { return kPadding * bands_.scale; }
 double PageLayout::gap() const noexcept { return kGap * bands_.scale; }
 double PageLayout::indent() const noexcept { return kIndent * bands_.scale; }
 
-// As the user or a client made them, else as wide as the texts of rows all over the grid.
+// As the user or a client made them, else as wide as the texts of rows all over the grid. Of a number, which
+// would be another one with digits cut off, those with the most digits are among them.
 std::vector<PageColumn> PageLayout::naturalColumns(const GridEngine& engine) const {
   const GridFont& own = engine.settings().font;
   const double widest = kWidestColumn * fonts_.of(own).font.size;
@@ -68,19 +69,26 @@ std::vector<PageColumn> PageLayout::naturalColumns(const GridEngine& engine) con
     const double title = fonts_.of(own, true).ruler.width(column.caption.substr(0, kWidestBytes));
     columns.push_back({index, column.width > 0 ? column.width * kPointsPerPixel : title});
   }
+  const auto widen = [&](PageColumn& column, const DisplayRow& row) {
+    if (engine.column(column.index).width > 0) return;
+    const GridFont& font = row.rowType == kRecordRow ? engine.styleOf(row).font : own;
+    std::string text = engine.displayText(row, column.index);
+    if (text.size() > kWidestBytes) text.resize(kWidestBytes);
+    column.width = std::max(column.width, fonts_.of(font, row.rowType != kRecordRow).ruler.width(text));
+  };
   const auto count = static_cast<std::int32_t>(columns.size());
   const std::int32_t step = std::max(1, rows_.count() / std::max(1, kSampledCells / std::max(1, count)));
-  for (std::int32_t row = 0; row < rows_.count(); row += step) {
+  const bool totals = engine.settings().groupFooterStyle == kTotalsGroupFooter && !engine.groups().empty();
+  for (std::int32_t row = 0; row < rows_.count(); row += totals ? 1 : step) {
     const DisplayRow shown = engine.displayRow(rows_.position(row));
-    if (shown.rowType == kGroupHeaderRow) continue;
-    const FontRuler& ruler =
-        (shown.rowType == kRecordRow ? fonts_.of(engine.styleOf(shown).font) : fonts_.of(own, true)).ruler;
-    for (PageColumn& column : columns) {
-      if (engine.column(column.index).width > 0) continue;
-      std::string text = engine.displayText(shown, column.index);
-      if (text.size() > kWidestBytes) text.resize(kWidestBytes);
-      column.width = std::max(column.width, ruler.width(text));
-    }
+    const bool outermost = shown.rowType == kGroupFooterRow && shown.level == 0;
+    if (shown.rowType == kGroupHeaderRow || (!outermost && row % step != 0)) continue;
+    for (PageColumn& column : columns) widen(column, shown);
+  }
+  for (PageColumn& column : columns) {
+    if (engine.records() == 0 || !engine.isSummed(column.index)) continue;
+    const auto [least, most] = engine.extremeRecords(column.index);
+    for (const std::uint32_t record : {least, most}) widen(column, {.record = record});
   }
   for (PageColumn& column : columns) {
     if (engine.column(column.index).width == 0) column.width = std::min(column.width, widest) + 2 * kPadding;
