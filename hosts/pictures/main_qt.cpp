@@ -4,7 +4,7 @@
 #include <QStyleFactory>
 #include <cstdio>
 
-#include "frontends/qt/qt_desktop.h"
+#include "frontends/qt/qt_printing.h"
 #include "hosts/pictures/photographer.h"
 
 namespace vmgv {
@@ -36,7 +36,8 @@ int main(int count, char** arguments) {
   QApplication::setFont(QFont("DejaVu Sans", 9));  // the same picture on every machine
   try {
     vmgv::QtDesktop desktop;
-    vmgv::photographAll({desktop, desktop, desktop},
+    vmgv::QtPrinting printing(desktop);
+    vmgv::photographAll({desktop, desktop, desktop, printing},
                         {words[0].toStdString(), words[1].toStdString(), words.value(2).toStdString()});
     return 0;
   } catch (const std::exception& error) {

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cwchar>
 
+#include "frontends/win32/win32_printing.h"
 #include "frontends/win32/win32_system.h"
 #include "hosts/pictures/photographer.h"
 
@@ -38,7 +39,8 @@ int main(int count, char** arguments) {
     vmgv::Win32Desktop desktop;
     vmgv::Win32System system(desktop);
     chooseDesktopFont(system.pixelsPerInch());
-    vmgv::photographAll({desktop, system, desktop},
+    vmgv::Win32Printing printing(desktop);
+    vmgv::photographAll({desktop, system, desktop, printing},
                         {arguments[1], arguments[2], count > 3 ? arguments[3] : ""});
     return 0;
   } catch (const std::exception& error) {

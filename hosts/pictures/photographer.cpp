@@ -13,9 +13,14 @@
 namespace vmgv {
 namespace {
 
+void showPreview(const ObjectRef& control, bool ownToolbar) {
+  control.call("ShowPreviewX", "Bird strikes", ownToolbar);
+}
+
 constexpr struct {
   const char* name;
   void (*show)(Application&, const ObjectRef& control);
+  const char* click = nullptr;  // before the picture
 } kDialogs[] = {
     {"summary", [](Application&, const ObjectRef& control) { control.call("ShowSummary"); }},
     {"columns", [](Application&, const ObjectRef& control) { control.call("ShowItems"); }},
@@ -24,6 +29,11 @@ constexpr struct {
     {"general", [](Application&, const ObjectRef& control) { control.call("ShowGeneral"); }},
     {"conditions", [](Application&, const ObjectRef& control) { control.call("ShowFormat"); }},
     {"export", [](Application&, const ObjectRef& control) { control.call("ShowExcel"); }},
+    {"preview", [](Application&, const ObjectRef& control) { showPreview(control, false); }},
+    {"preview-two", [](Application&, const ObjectRef& control) { showPreview(control, true); },
+     "smuToolbar.zoomout"},
+    {"preview-zoomed", [](Application&, const ObjectRef& control) { showPreview(control, true); },
+     "smuToolbar.zoomin"},
     {"views", [](Application& application, const ObjectRef&) { frmViews(application.services()).Show(); }},
     {"name", [](Application& application, const ObjectRef&) { frmInsert(application.services()).Insert(); }},
 };
@@ -38,14 +48,19 @@ class LongerTexts final : public EmbeddedStringService {
   }
 };
 
-// Takes the picture of what is open, then closes it.
+// Takes the picture of what is open, once it clicked what is to be clicked, then closes it.
 class Photographer final : public IdleHandler {
  public:
-  Photographer(User& user, std::string path) : user_(user), path_(std::move(path)) {
+  Photographer(User& user, const char* click, std::string path)
+      : user_(user), click_(click), path_(std::move(path)) {
     user_.setIdleHandler(this);
   }
   ~Photographer() override { user_.setIdleHandler(nullptr); }
   bool waiting() override {
+    if (const char* click = std::exchange(click_, nullptr)) {
+      user_.click(*user_.form()->find(click));
+      return true;
+    }
     if (!taken_) user_.picture(path_);
     taken_ = true;
     return false;
@@ -55,6 +70,7 @@ class Photographer final : public IdleHandler {
 
  private:
   User& user_;
+  const char* click_;
   std::string path_;
   bool taken_ = false;
 };
@@ -66,7 +82,7 @@ void photograph(const Studio& studio, MlStringService& texts, const ObjectRef& g
   control.putRef("Grid", grid);
   for (const auto& dialog : kDialogs) {
     const std::string path = std::string(folder).append("/").append(dialog.name).append(end);
-    const Photographer photographer(studio.user, path);
+    const Photographer photographer(studio.user, dialog.click, path);
     dialog.show(application, control);
     if (!photographer.taken())
       throw Error(ErrorNumber::InvalidCall, std::string(dialog.name) + ": nothing opened");
@@ -74,10 +90,11 @@ void photograph(const Studio& studio, MlStringService& texts, const ObjectRef& g
   }
 }
 
-ObjectRef demoGrid(const std::string& path) {
+ObjectRef demoGrid(const std::string& path, PrintPort& printing) {
   auto engine = std::make_shared<GridEngine>();
   CsvSource source(path);
   engine->load(source);
+  engine->setPrintPort(&printing);
   engine->addSortKey({3, kSortAscending});
   engine->addSortKey({5, kSortDescending});
   engine->setPreviewColumn(10);
@@ -94,7 +111,7 @@ ObjectRef demoGrid(const std::string& path) {
 
 void photographAll(const Studio& studio, const Album& album) {
   std::filesystem::create_directories(album.folder);
-  const ObjectRef grid = demoGrid(album.data);
+  const ObjectRef grid = demoGrid(album.data, studio.printing);
   EmbeddedStringService english, greek;
   LongerTexts longer;
   english.setLanguage(kEnglish);

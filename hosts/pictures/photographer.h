@@ -5,6 +5,7 @@
 
 #include "frontends/user/user.h"
 #include "support/forms/system_port.h"
+#include "support/pages/print_port.h"
 
 namespace vmgv {
 
@@ -14,11 +15,12 @@ struct Album {
   std::string suffix;  // FOLDER/NAME.LANGUAGE[.SUFFIX].png
 };
 
-// A front end: its windows, its system, and its user.
+// A front end: its windows, its system, its user and its printing.
 struct Studio {
   WindowPort& window;
   SystemPort& system;
   User& user;
+  PrintPort& printing;
 };
 
 void photographAll(const Studio& studio, const Album& album);
