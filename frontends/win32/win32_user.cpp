@@ -233,7 +233,7 @@ void Win32Desktop::chooseColour(const std::optional<Colour>& colour) {
                                     {COLOR_BLUE, GetBValue(wanted)}}) {
     const HWND edit = GetDlgItem(open.window, field);
     if (!edit) throw CannotDo("this colour picker can only be answered by a person");
-    SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::to_wstring(part).c_str()));
+    SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(wide(std::to_string(part)).c_str()));
   }
   pressButton(open, IDOK);
 }

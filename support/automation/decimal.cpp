@@ -64,7 +64,10 @@ std::optional<Decimal> Decimal::fromText(std::string_view text) noexcept {
 
 double Decimal::toDouble() const noexcept {
   const double whole = std::ldexp(static_cast<double>(high), 64) + static_cast<double>(low);
-  const double value = whole / std::pow(10.0, scale);
+  static constexpr double kPowers[kMaxScale + 1] = {
+      1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14,
+      1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22, 1e23, 1e24, 1e25, 1e26, 1e27, 1e28};
+  const double value = whole / kPowers[scale];
   return negative ? -value : value;
 }
 
