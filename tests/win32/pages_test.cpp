@@ -64,7 +64,7 @@ TEST_F(PagesTest, OnlyPagesInSightAreDrawnAndAWindowKeepsItsSmallestSize) {
                 const Size smallest = form.smallest();
                 desktop.resize({15, 15});
                 EXPECT_EQ(form.size(), smallest);
-                desktop.resize({12000, 9000});
+                desktop.resize({9000, 7000});
                 EXPECT_EQ(at(50), kRed);
                 desktop.press(preview.pane(), Key::End, 0);
                 EXPECT_EQ(preview.page(), 1'000'000);
