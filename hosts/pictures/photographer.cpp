@@ -18,8 +18,8 @@ void showPreview(const ObjectRef& control, bool ownToolbar) {
 }
 
 constexpr struct {
-  const char* name;
-  void (*show)(Application&, const ObjectRef& control);
+  const char* name = "";
+  void (*show)(Application&, const ObjectRef& control) = nullptr;
   const char* click = nullptr;  // before the picture
 } kDialogs[] = {
     {"summary", [](Application&, const ObjectRef& control) { control.call("ShowSummary"); }},
