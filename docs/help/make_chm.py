@@ -1,4 +1,5 @@
-"""make_chm.py CHMCMD PAGES FOLDER: makes FOLDER/VMgridViews.chm of the pages in PAGES/el and PAGES/en.
+"""make_chm.py CHMCMD PAGES PICTURES FOLDER: makes FOLDER/VMgridViews.chm of the pages in PAGES/el and PAGES/en, with
+the pictures that were taken on Windows.
 
 A topic's name does not say a language, and the help window is not told one: the page of that name holds both, Greek
 first, which is the product's default. Beside it the file has each language's pages in a folder of their own, to which
@@ -10,26 +11,30 @@ import subprocess
 import sys
 
 LANGUAGES = {"el": "Ελληνικά", "en": "English"}
-CODE_PAGE = "cp1253"  # of the table of contents, which the help window reads in the language of the project
+CODE_PAGE = "cp1253"  # of the contents and the index, which the help window reads in the language of the project
+
+
+def page(pages, language, name):
+    """The page without its pictures for a dark palette, which a help window does not have."""
+    return re.sub(r"<source [^>]*>", "", (pages / language / name).read_text(encoding="utf-8"))
 
 
 def body(pages, language, name):
     """What the page shows, its places marked with the language, its links within its own language."""
-    html = (pages / language / name).read_text(encoding="utf-8")
-    inside = re.search(r"<body>\n(.*)</body>", html, re.S).group(1)
+    inside = re.search(r"<body>\n(.*)</body>", page(pages, language, name), re.S).group(1)
     inside = re.sub(r"<nav>.*?</nav>\n", "", inside, flags=re.S)
     inside = inside.replace('id="', f'id="{language}-')
-    return re.sub(r'href="(?!\w+:)([^"]*)"', rf'href="{language}/\1"', inside)
+    return re.sub(r'(href|src)="(?!\w+:)([^"]*)"', rf'\1="{language}/\2"', inside)
 
 
 def both(pages, name):
-    titles = [re.search(r"<title>(.*)</title>", (pages / each / name).read_text(encoding="utf-8")).group(1)
-              for each in LANGUAGES]
+    titles = [re.search(r"<title>(.*)</title>", page(pages, each, name)).group(1) for each in LANGUAGES]
     choice = " ".join(f'<a href="#{each}">{text}</a>' for each, text in LANGUAGES.items())
     parts = "<hr>\n".join(f'<div id="{each}" lang="{each}">\n{body(pages, each, name)}</div>\n' for each in LANGUAGES)
     return ('<!DOCTYPE html>\n<html>\n<head>\n<meta charset="utf-8">\n'
             f'<title>{" – ".join(titles)}</title>\n<link rel="stylesheet" href="help.css">\n</head>\n'
-            f'<body>\n<nav>{choice} | <a href="index.htm">Περιεχόμενα – Contents</a></nav>\n{parts}</body>\n</html>\n')
+            f'<body>\n<nav>{choice} | <a href="index.htm">Περιεχόμενα – Contents</a> | '
+            f'<a href="keywords.htm">Ευρετήριο – Index</a></nav>\n{parts}</body>\n</html>\n')
 
 
 def entry(title, target):
@@ -40,9 +45,8 @@ def entry(title, target):
 def contents(pages):
     text = "<html><body>\n<ul>\n"
     for language, name in LANGUAGES.items():
-        index = (pages / language / "index.htm").read_text(encoding="utf-8")
         text += entry(name, f"{language}/index.htm") + "<ul>\n"
-        for chapter in re.split(r"<h2>", index)[1:]:
+        for chapter in page(pages, language, "index.htm").split("<h2>")[1:]:
             (target, title), *tasks = re.findall(r'<a href="([^"]*)">(.*?)</a>', chapter)
             text += entry(title, f"{language}/{target}") + "<ul>\n"
             text += "".join(entry(task, f"{language}/{place}") for place, task in tasks) + "</ul>\n"
@@ -50,21 +54,38 @@ def contents(pages):
     return text + "</ul>\n</body></html>\n"
 
 
-def main(chmcmd, pages, folder):
-    pages, folder = pathlib.Path(pages), pathlib.Path(folder)
+def keywords(pages):
+    words = []
+    for language in LANGUAGES:
+        words += [entry(word, f"{language}/{place}")
+                  for place, word in re.findall(r'<li><a href="(.*?)">(.*?)</a>', page(pages, language, "keywords.htm"))]
+    return "<html><body>\n<ul>\n" + "".join(words) + "</ul>\n</body></html>\n"
+
+
+def main(chmcmd, pages, pictures, folder):
+    pages, pictures, folder = pathlib.Path(pages), pathlib.Path(pictures), pathlib.Path(folder)
+    names = sorted(path.name for path in (pages / "el").glob("*.htm"))
     files = ["help.css"]
     for language in LANGUAGES:
         (folder / language).mkdir(parents=True, exist_ok=True)
-        names = sorted(path.name for path in (pages / language).glob("*.htm"))
+        for name in names:
+            html = page(pages, language, name)
+            (folder / language / name).write_text(html, encoding="utf-8")
+            for picture in re.findall(r'src="(.*?)\.png"', html):
+                (folder / language / f"{picture}.png").write_bytes(
+                    (pictures / f"{picture}.{language}.win32.png").read_bytes())
+                files.append(f"{language}/{picture}.png")
         files += [f"{language}/{name}" for name in names]
-    for file in files:
-        (folder / file).write_bytes((pages / file).read_bytes())
+    (folder / "help.css").write_bytes((pages / "help.css").read_bytes())
     for name in names:
         (folder / name).write_text(both(pages, name), encoding="utf-8")
     (folder / "contents.hhc").write_text(contents(pages), encoding=CODE_PAGE)
+    (folder / "keywords.hhk").write_text(keywords(pages), encoding=CODE_PAGE)
+    # chmcmd's binary index has question marks for Greek letters; help windows read the text as well.
     (folder / "VMgridViews.hhp").write_text(
         "[OPTIONS]\nCompatibility=1.1 or later\nCompiled file=VMgridViews.chm\nContents file=contents.hhc\n"
-        "Default topic=index.htm\nLanguage=0x408 Greek\nTitle=vmGridViews\n\n[FILES]\n"
+        "Index file=keywords.hhk\nBinary Index=No\nDefault topic=index.htm\nLanguage=0x408 Greek\n"
+        "Title=vmGridViews\n\n[FILES]\n"
         + "\n".join([*names, *files]) + "\n", encoding=CODE_PAGE)
     made = subprocess.run([chmcmd, "--no-html-scan", "VMgridViews.hhp"], cwd=folder, stdout=subprocess.PIPE,
                           stderr=subprocess.STDOUT, text=True)
