@@ -65,6 +65,8 @@ class GridEngine {
   }
   std::size_t records() const noexcept { return records_; }  // of the source, displayed or not
   DisplayRow displayRow(std::int32_t position) const;
+  // Tells that the row will be read soon; there need be none.
+  void prefetchRow(std::int32_t position) const;
   // A number that is another one whenever rows of any type may have moved.
   std::uint64_t arrangement() const {
     sortIfStale();

@@ -45,6 +45,13 @@ DisplayRow GridEngine::displayRow(std::int32_t position) const {
   return display_.at(position);
 }
 
+void GridEngine::prefetchRow(std::int32_t position) const {
+  if (position > rowCount()) return;
+  const DisplayRow row = display_.at(position);
+  if (row.rowType != kRecordRow) return;
+  for (const ColumnData& column : data_) column.prefetch(row.record);
+}
+
 void GridEngine::checkGroup(const DisplayRow& row) const {
   if (row.grouping == display_.grouping()) return;
   throw Error(ErrorNumber::SubscriptOutOfRange,

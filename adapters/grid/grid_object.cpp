@@ -38,6 +38,7 @@ class GridObject final : public GridPart<GridObject> {
     } else {
       row_ = makeObject<RowObject>(engine_, row);
     }
+    engine_->prefetchRow(position + 1);  // most walks go down
     return row_;
   }
   void printPreview(const ObjectRef& preview, bool onlySelected) {

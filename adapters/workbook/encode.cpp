@@ -35,6 +35,8 @@ constexpr std::array<bool, 256> kPlain = [] {
 }();
 bool isPlain(char c) { return kPlain[static_cast<Byte>(c)]; }
 
+bool isContinuation(char c) { return (static_cast<Byte>(c) & 0xC0) == 0x80; }
+
 bool isHex(char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'); }
 
 bool looksLikeEscape(std::string_view text) {
@@ -54,6 +56,23 @@ char* putEscape(char* out, unsigned unit) {
   for (int shift = 12; shift >= 0; shift -= 4) *out++ = digits[unit >> shift & 15];
   *out++ = '_';
   return out;
+}
+
+constexpr double kExactDigits = 1e15;
+constexpr int kPlaces = 4;
+constexpr double kDecimals = 1e4;  // ten to the power of kPlaces
+
+// A number of ten-thousandths that are not a whole number.
+char* putDecimal(char* out, std::int64_t scaled, bool negative) {
+  constexpr auto one = static_cast<std::int64_t>(kDecimals);
+  if (negative) *out++ = '-';
+  out = std::to_chars(out, out + 32, scaled / one).ptr;
+  *out = '.';
+  auto rest = static_cast<int>(scaled % one);
+  for (int place = kPlaces; place > 0; --place, rest /= 10) out[place] = static_cast<char>('0' + rest % 10);
+  out += kPlaces;
+  while (*out == '0') --out;
+  return out + 1;
 }
 
 struct Character {
@@ -121,6 +140,12 @@ char* encodeText(char* out, std::string_view text, TextShape& shape) {
     for (; next != end && !isPlain(*next); ++width) {
       const std::string_view rest(next, static_cast<std::size_t>(end - next));
       const auto byte = static_cast<Byte>(*next);
+      if (byte >= 0xC2 && byte <= 0xDF && rest.size() > 1 && isContinuation(rest[1])) {
+        std::memcpy(out, next, 2);  // Greek, Cyrillic, Latin letters with marks
+        out += 2;
+        next += 2;
+        continue;
+      }
       if (byte >= 0x80) {
         const Character character = decode(rest);
         if (character.code == 0) {
@@ -156,9 +181,15 @@ char* encodeText(char* out, std::string_view text, TextShape& shape) {
 }
 
 char* encodeNumber(char* out, double number) {
-  constexpr double kWhole = 1e15;
-  if (std::abs(number) < kWhole && number == std::trunc(number)) {
+  const double size = std::abs(number);
+  if (size < kExactDigits && number == std::trunc(number)) {
     return std::to_chars(out, out + 32, static_cast<std::int64_t>(number)).ptr;
+  }
+  // Most other numbers are amounts and rates. Where so few digits give the number back, no fewer ones do:
+  // different decimals of up to 15 digits are different doubles.
+  if (size >= 1 / kDecimals && size < kExactDigits / kDecimals) {
+    const auto scaled = std::int64_t{std::llround(size * kDecimals)};
+    if (static_cast<double>(scaled) / kDecimals == size) return putDecimal(out, scaled, number < 0);
   }
   return std::to_chars(out, out + 32, number).ptr;
 }

@@ -133,8 +133,9 @@ char* SheetStream::encodeCell(char* out, Column& column, std::string_view rowDig
       break;
     case Cell::Kind::Text: {
       const bool keepBlanks = isBlank(cell.text.front()) || isBlank(cell.text.back());
-      out = put(out,
-                keepBlanks ? " t=\"inlineStr\"><is><t xml:space=\"preserve\">" : " t=\"inlineStr\"><is><t>");
+      out = put(out, " t=\"inlineStr\"><is><t");
+      if (keepBlanks) out = put(out, " xml:space=\"preserve\"");
+      *out++ = '>';
       TextShape shape;
       out = put(encodeText(out, cell.text, shape), "</t></is></c>");
       width = shape.widest;

@@ -3,6 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <cmath>
+#include <random>
+#include <vector>
+
 namespace vmgv::workbook {
 namespace {
 
@@ -11,6 +16,30 @@ std::string encoded(std::string_view text) {
   TextShape shape;
   out.resize(static_cast<std::size_t>(encodeText(out.data(), text, shape) - out.data()));
   return out;
+}
+
+// Every number comes back as itself, in no more digits than it needs.
+TEST(Encode, Numbers) {
+  std::vector<double> numbers{0.1,  0.30000000000000004, 1e-4, 99999999999.9999, 123456789012.3456, 5e-324,
+                              1e300};
+  std::mt19937_64 random(7);
+  for (int i = 0; i < 20000; ++i) {
+    const auto digits = static_cast<double>(random() % 10'000'000'000);
+    numbers.push_back(digits / std::pow(10, i % 7));
+    numbers.push_back(std::nextafter(digits / 10000, 0));
+  }
+  for (const double number : numbers) {
+    for (const double signedNumber : {number, -number}) {
+      char digits[32], shortest[400];
+      const char* const end = encodeNumber(digits, signedNumber);
+      double back = 0;
+      ASSERT_EQ(std::from_chars(digits, end, back).ptr, end) << std::string(digits, end);
+      ASSERT_EQ(back, signedNumber);
+      const char* const most =
+          std::to_chars(shortest, std::end(shortest), signedNumber, std::chars_format::fixed).ptr;
+      ASSERT_LE(end - digits, most - shortest) << std::string(digits, end);
+    }
+  }
 }
 
 TEST(Encode, Text) {
