@@ -33,11 +33,11 @@ TEST(Encode, Numbers) {
       char digits[32], shortest[400];
       const char* const end = encodeNumber(digits, signedNumber);
       double back = 0;
-      ASSERT_EQ(std::from_chars(digits, end, back).ptr, end) << std::string(digits, end);
+      ASSERT_EQ(std::from_chars(digits, end, back).ptr, end) << signedNumber;
       ASSERT_EQ(back, signedNumber);
       const char* const most =
           std::to_chars(shortest, std::end(shortest), signedNumber, std::chars_format::fixed).ptr;
-      ASSERT_LE(end - digits, most - shortest) << std::string(digits, end);
+      ASSERT_LE(end - digits, most - shortest) << signedNumber;
     }
   }
 }
