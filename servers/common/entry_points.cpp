@@ -53,3 +53,16 @@ STDAPI DllUnregisterServer() {
     }
   });
 }
+
+// regsvr32 /n /i:user registers for the user alone, whatever the rights; with /u it goes.
+STDAPI DllInstall(BOOL install, PCWSTR scope) {
+  return guarded([&]() -> HRESULT {
+    if (!scope || lstrcmpiW(scope, L"user") != 0) return E_INVALIDARG;
+    if (install) {
+      registerServer(server(), Scope::User);
+    } else if (isRegistered(server(), Scope::User)) {
+      unregisterServer(server(), Scope::User);
+    }
+    return S_OK;
+  });
+}

@@ -1,5 +1,6 @@
 #include "servers/common/registration.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "frontends/com/text.h"
@@ -36,6 +37,16 @@ std::wstring numberText(Number number) {
 
 std::wstring keyOf(const ServerClass& made) { return L"CLSID\\" + textOf(made.clsid); }
 std::wstring versionedProgId(const ServerClass& made) { return std::wstring(made.progId) + L".1"; }
+
+// Where the class is said to be; "" where nothing is said.
+std::wstring fileOf(Scope scope, const ServerClass& made) {
+  return RegistryKey(rootOf(scope), kClasses, KEY_READ).read(keyOf(made) + L"\\InprocServer32");
+}
+
+bool isAnotherCopy(const std::wstring& file) {
+  const bool own = CompareStringOrdinal(file.c_str(), -1, modulePath().c_str(), -1, TRUE) == CSTR_EQUAL;
+  return !own && GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
 
 void enterControl(const RegistryKey& classes, const std::wstring& key, const ControlFacts& control,
                   const std::wstring& path) {
@@ -99,10 +110,10 @@ Scope writableScope() noexcept {
 }
 
 bool isRegistered(const Server& server, Scope scope) {
-  for (const ServerClass& made : server.classes) {
-    if (registryKeyExists(rootOf(scope), std::wstring(kClasses) + L"\\" + keyOf(made), 0)) return true;
-  }
-  return false;
+  return std::ranges::any_of(server.classes, [scope](const ServerClass& made) {
+    const std::wstring key = std::wstring(kClasses) + L"\\" + keyOf(made);
+    return registryKeyExists(rootOf(scope), key, 0) && !isAnotherCopy(fileOf(scope, made));
+  });
 }
 
 void registerServer(const Server& server, Scope scope) {

@@ -17,6 +17,7 @@ void registerServer(const Server& server, Scope scope);
 // Takes out what registerServer enters, and nothing else: 32 and 64 bit share the program ids, which stay as
 // long as the other width is registered; a newer version's program id stays too. Throws Error.
 void unregisterServer(const Server& server, Scope scope);
+// Not where the registration leads to another copy of the library: that one's is not ours to take out.
 bool isRegistered(const Server& server, Scope scope);
 
 }  // namespace vmgv

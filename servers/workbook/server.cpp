@@ -32,13 +32,15 @@ const Server& server() {
 
 using namespace vmgv;
 
-STDAPI DllRegisterServer();
+STDAPI DllInstall(BOOL install, PCWSTR scope);
 STDAPI DllUnregisterServer();
 
-// regsvr32 /n /i:ProgID registers the program id ProgID too; with /u it goes, and the server's own stays.
-STDAPI DllInstall(BOOL install, PCWSTR progId) {
+// Exported as DllInstall: regsvr32 /n /i:ProgID registers the program id ProgID too; with /u it goes, and the
+// server's own stays.
+STDAPI InstallWorkbook(BOOL install, PCWSTR progId) {
   return guarded([&]() -> HRESULT {
     if (!progId || !*progId) return E_INVALIDARG;
+    if (lstrcmpiW(progId, L"user") == 0) return DllInstall(install, progId);
     if (install) {
       const Scope scope = writableScope();
       if (!isRegistered(server(), scope)) registerServer(server(), scope);

@@ -45,6 +45,7 @@ Library::Library(const wchar_t* file) : path(besideTheTests(file)) {
   canUnload = entry<decltype(canUnload)>(module, "DllCanUnloadNow");
   enter = entry<decltype(enter)>(module, "DllRegisterServer");
   remove = entry<decltype(remove)>(module, "DllUnregisterServer");
+  install = entry<decltype(install)>(module, "DllInstall");
 }
 
 const Library& controlLibrary() {

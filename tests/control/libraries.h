@@ -33,6 +33,7 @@ struct Library {
   decltype(&DllCanUnloadNow) canUnload;
   decltype(&DllRegisterServer) enter;
   decltype(&DllUnregisterServer) remove;
+  HRESULT(STDAPICALLTYPE* install)(BOOL install, PCWSTR scope);
 };
 
 const Library& controlLibrary();

@@ -126,12 +126,22 @@ constexpr ServerClass kOne[] = {
      {}}};
 
 TEST_F(Registration, WorksForOneUserAlone) {
-  const Server one{kOne};
-  registerServer(one, Scope::User);
-  EXPECT_TRUE(isRegistered(one, Scope::User));
-  EXPECT_FALSE(isRegistered(one, Scope::Machine));
-  EXPECT_EQ(L"vmGridViewsTest.One.1", valueOf(HKEY_CURRENT_USER, L"vmGridViewsTest.One\\CurVer"));
-  unregisterServer(one, Scope::User);
+  ASSERT_EQ(S_OK, controlLibrary().install(TRUE, L"user"));
+  EXPECT_EQ(L"vmGridViews.vmgrEdit.1", valueOf(HKEY_CURRENT_USER, L"vmGridViews.vmgrEdit\\CurVer"));
+  EXPECT_FALSE(registryKeyExists(HKEY_LOCAL_MACHINE, kClasses + kClass, 0));
+  EXPECT_EQ(E_INVALIDARG, controlLibrary().install(TRUE, L"nobody"));
+  ASSERT_EQ(S_OK, controlLibrary().install(FALSE, L"user"));
+}
+
+TEST_F(Registration, AnotherCopyOfTheLibraryKeepsItsOwn) {
+  const std::wstring server = kClass + L"\\InprocServer32", present = L"C:\\windows\\system32\\ole32.dll";
+  const RegistryKey classes(HKEY_LOCAL_MACHINE, L"Software\\Classes", KEY_ALL_ACCESS);
+  ASSERT_EQ(S_OK, controlLibrary().enter());
+  classes.write(server, present);
+  ASSERT_EQ(S_OK, controlLibrary().remove());
+  EXPECT_EQ(present, valueOf(HKEY_LOCAL_MACHINE, server));
+  classes.write(server, L"C:\\windows\\system32\\gone.dll");
+  ASSERT_EQ(S_OK, controlLibrary().remove());
 }
 
 TEST_F(Registration, AFailureOnTheWayLeavesNothing) {

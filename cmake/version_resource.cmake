@@ -1,0 +1,13 @@
+# vmg_version_resource(TARGET FILE DESCRIPTION): what Windows shows of a program or library, with the project's version.
+function(vmg_version_resource target fileName description)
+  string(REPLACE "." "," numbers ${PROJECT_VERSION})
+  string(APPEND numbers ",0")
+  cmake_path(GET fileName STEM internalName)
+  set(type VFT_APP)
+  if(fileName MATCHES "\\.dll$")
+    set(type VFT_DLL)
+  endif()
+  set(made ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
+  configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/version.rc.in ${made} @ONLY)
+  target_sources(${target} PRIVATE ${made})
+endfunction()
