@@ -79,6 +79,7 @@ endfunction()
 set(headers
   GridEngine=adapters/grid/grid_object.h+adapters/grid/row_source.h
   GridView=frontends/qt/grid_view.h
+  GridViewEditor=frontends/qt/grid_view_editor.h
   Headless=frontends/headless/headless_desktop.h+frontends/headless/headless_printer.h
   ItemModelSource=frontends/qt/item_model_source.h
   Objects=support/automation/class_table.h+support/automation/convert.h

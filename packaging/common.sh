@@ -1,9 +1,9 @@
 # Shared by run and test: what a machine needs, how it is installed, and how a preset is built.
 # Sourced with the working directory at the root of the checkout.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libminizip-dev zlib1g-dev
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev libsqlite3-dev libminizip-dev zlib1g-dev
                 libisal-dev libcairo2-dev fonts-dejavu-core
-                libgtest-dev libpugixml-dev python3)  # the tests' own, which configuring asks for
+                libgtest-dev libpugixml-dev libqt6opengl6-dev python3)  # the tests' own, which configuring asks for
 test_packages=(python3-openpyxl poppler-utils clang-tidy)
 # Its package would drive out a LibreOffice with windows, so it is wanted only where there is none at all.
 command -v soffice >/dev/null || test_packages+=(libreoffice-calc-nogui)

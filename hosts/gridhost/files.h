@@ -7,7 +7,7 @@
 
 namespace vmgv {
 
-std::filesystem::path programFolder();
+std::filesystem::path programFolder();  // on Windows
 
 // "help" or "data/birdstrikes.csv", beside the program's folder as in a build, or in the shared files of an
 // installation. Where it is in neither, the path that a message can name.
