@@ -83,6 +83,7 @@ set(headers
   Headless=frontends/headless/headless_desktop.h+frontends/headless/headless_printer.h
   ItemModelSource=frontends/qt/item_model_source.h
   Objects=support/automation/class_table.h+support/automation/convert.h
+  Pages=support/pages/page_objects.h+support/pages/print_port.h
   Workbook=adapters/workbook/application.h
   vmgrEdit=control/vmgr_edit.h)
 set(script ${CMAKE_CURRENT_LIST_DIR}/package/public_headers.cmake)

@@ -12,7 +12,7 @@ namespace vmgv {
 // What a Show method of the control opens.
 enum class Facet { Summary, Sort, Items, Groups, Excel, Format, Preview, General };
 
-struct OpenRequest {
+struct OpenRequest {          // with what a dialog is opened
   ObjectRef editor;           // the control whose grid is edited
   std::string header;         // of a preview
   bool llToolbar = false;     // of a preview

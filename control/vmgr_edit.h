@@ -33,14 +33,14 @@ class vmgrEdit final : public Exposed<vmgrEdit> {
   ObjectRef Font();  // the container's ambient font until one was set
   void setFont(ObjectRef font);
 
-  bool ShowSummary();
-  bool ShowSort();
-  bool ShowOther();  // does nothing; the summary's fonts button calls it
-  bool ShowItems();
-  bool ShowGroups();
-  bool ShowExcel();
-  bool ShowFormat();  // throws what escapes the conditions editor
-  bool ShowGeneral();
+  bool ShowSummary();  // the others behind one button each
+  bool ShowSort();     // sorts by up to four columns
+  bool ShowOther();    // does nothing; the summary's fonts button calls it
+  bool ShowItems();    // shows, hides and orders columns
+  bool ShowGroups();   // groups in up to three levels
+  bool ShowExcel();    // exports the rows to a workbook
+  bool ShowFormat();   // colours rows by conditions; throws what escapes its dialog
+  bool ShowGeneral();  // preview row, alternate colours, widths
   bool ShowPreview(const std::string& header = {}, bool LLToolbar = false);
   bool ShowPreviewX(const std::string& header = {}, bool LLToolbar = false, bool onlySelected = false);
 

@@ -26,7 +26,7 @@ struct ValueList {
 // As a view shows it: the list's text, else the value as text; "" for Null. No list: null.
 std::string shownText(Value value, const ValueList* list);
 
-struct GridColumn {
+struct GridColumn {        // a column as the grid shows it
   std::int32_t index = 0;  // from 1, fixed
   std::string key, caption, dataField;
   ColumnType type = ColumnType::Unknown;
@@ -47,7 +47,7 @@ struct SortKey {  // of a group as well
 inline constexpr std::int32_t kWindowColor = static_cast<std::int32_t>(0x80000005);
 inline constexpr std::int32_t kWindowTextColor = static_cast<std::int32_t>(0x80000008);
 
-struct GridFont {
+struct GridFont {  // of the rows
   std::string name = "DejaVu Sans";
   double size = 9;  // points
   bool bold = false, italic = false, underline = false, strikethrough = false;
@@ -67,8 +67,8 @@ struct FormatStyle {
 
 inline constexpr std::int16_t kLastOperator = 9;
 
-struct FormatCondition {
-  std::string name;  // unique in its grid
+struct FormatCondition {  // which rows, and how they look
+  std::string name;       // unique in its grid
   std::int32_t colIndex = 1;
   std::int16_t op = 0;  // 0 = 1 <> 2 > 3 < 4 >= 5 <= 6 between 7 not between 8 contains 9 does not contain
   Value value1, value2;
@@ -92,7 +92,7 @@ class SharedCondition {
   std::shared_ptr<const FormatCondition> held_;
 };
 
-struct GridSettings {
+struct GridSettings {  // the contract's members of these names
   std::int32_t previewRowLines = 1;
   bool useEvenOddColor = false;
   bool columnAutoResize = false;
@@ -106,7 +106,7 @@ struct GridSettings {
   bool operator==(const GridSettings&) const = default;
 };
 
-struct PrinterProperties {
+struct PrinterProperties {                    // of the grid's pages
   std::array<std::string, 3> header, footer;  // left, centre, right
   bool translateColors = false;
   bool repeatHeaders = true;

@@ -11,7 +11,7 @@ namespace vmgv {
 
 // All that a user changes about a view, but no rows, no selection and nothing of which groups are collapsed.
 struct GridState {
-  struct Column {
+  struct Column {  // its place is that in the list
     std::int32_t index = 0;
     bool visible = true;
     std::int32_t width = 0;
@@ -38,7 +38,7 @@ struct GridState {
   bool operator==(const GridState&) const = default;
 };
 
-class GridHistory {
+class GridHistory {  // undo and redo, one state a step
  public:
   static constexpr std::size_t kSteps = 100;  // older ones are forgotten
 

@@ -22,7 +22,7 @@ class WholeSum {
   std::int64_t high_ = 0;
 };
 
-class RealSum {
+class RealSum {  // keeps what adding rounds away
  public:
   void add(double number) noexcept;
   RealSum& operator+=(const RealSum& other) noexcept;

@@ -11,12 +11,12 @@
 
 namespace vmgv {
 
-struct OrderKey {
+struct OrderKey {  // a column to sort by
   const ColumnData* column;
   bool descending;
 };
 
-struct SortedRows {
+struct SortedRows {  // an order, and the groups in it
   std::vector<std::uint32_t> records;
   // Of each grouping key: the places in `records` where it or one before it takes another value, then the
   // number of records.

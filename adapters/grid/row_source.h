@@ -26,7 +26,7 @@
 
 namespace vmgv {
 
-struct ColumnSpec {
+struct ColumnSpec {                       // what a source says of a column
   std::string field;                      // unique within the source
   std::string caption{};                  // the field where empty
   ColumnType type = ColumnType::Unknown;  // Unknown: the values decide

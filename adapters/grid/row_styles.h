@@ -17,7 +17,7 @@
 
 namespace vmgv {
 
-struct RowStyle {
+struct RowStyle {  // how a row is painted
   std::int32_t backColor = kWindowColor;
   std::int32_t foreColor = kWindowTextColor;
   GridFont font;

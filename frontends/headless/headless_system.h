@@ -9,7 +9,7 @@
 
 namespace vmgv {
 
-struct HelpCall {
+struct HelpCall {  // what a dialog asked of help
   std::string file;
   HelpCommand command;
   std::string topic;

@@ -13,7 +13,7 @@
 
 namespace vmgv {
 
-class CannotDo : public std::runtime_error {
+class CannotDo : public std::runtime_error {  // what a user could not do either
  public:
   using std::runtime_error::runtime_error;
 };

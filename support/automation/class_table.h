@@ -57,7 +57,7 @@ class ClassTable {
  public:
   using Getter = Value (*)(T&, Args);               // reads a property or runs a method
   using Putter = void (*)(T&, Args, const Value&);  // index arguments, then the new value
-  struct Entry {
+  struct Entry {                                    // a member: `put` null where it is read-only
     const char* name = "";
     std::size_t arguments = 0;  // at most; more of them go to the default member of what a get returns
     Getter get = nullptr;

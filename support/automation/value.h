@@ -20,7 +20,7 @@ namespace vmgv {
 struct Missing {  // an omitted optional argument
   bool operator==(const Missing&) const = default;
 };
-struct Null {
+struct Null {  // no value, as databases have it
   bool operator==(const Null&) const = default;
 };
 struct Currency {  // units of 1/10,000

@@ -20,7 +20,7 @@ class FontTarget {
   virtual void refresh() {}
 };
 
-struct FontChoice {
+struct FontChoice {  // what the rules give a font
   std::string name;
   double size = 8;  // points
   std::int16_t charset = 0;

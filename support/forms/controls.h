@@ -97,7 +97,7 @@ class PictureBox : public ControlOf<PictureBox, Container> {  // invisible; grou
   using ControlOf::ControlOf;
 };
 
-class Label final : public ControlOf<Label> {
+class Label final : public ControlOf<Label> {  // text that names what stands beside it
  public:
   static constexpr std::string_view kTypeName = "Label";
   using ControlOf::ControlOf;
@@ -111,7 +111,7 @@ class Line final : public ControlOf<Line> {  // a horizontal rule
   using ControlOf::ControlOf;
 };
 
-class CommandButton final : public ControlOf<CommandButton> {
+class CommandButton final : public ControlOf<CommandButton> {  // acts when it is clicked
  public:
   static constexpr std::string_view kTypeName = "CommandButton";
   using ControlOf::ControlOf;
@@ -129,7 +129,7 @@ class CommandButton final : public ControlOf<CommandButton> {
   Picture picture = Picture::None;
 };
 
-class CheckBox final : public ControlOf<CheckBox> {
+class CheckBox final : public ControlOf<CheckBox> {  // on, off or greyed
  public:
   static constexpr std::string_view kTypeName = "CheckBox";
   using ControlOf::ControlOf;
@@ -145,7 +145,7 @@ class CheckBox final : public ControlOf<CheckBox> {
   int value_ = 0;
 };
 
-class OptionButton final : public ControlOf<OptionButton> {
+class OptionButton final : public ControlOf<OptionButton> {  // one of its container's is on
  public:
   static constexpr std::string_view kTypeName = "OptionButton";
   using ControlOf::ControlOf;
@@ -238,7 +238,7 @@ class Menu final : public ControlOf<Menu> {  // a bar with one menu, called as i
   static constexpr std::string_view kTypeName = "SmartUI";
   using ControlOf::ControlOf;
 
-  struct Item {
+  struct Item {  // of a menu
     std::string key;
     std::string caption;
     bool operator==(const Item&) const = default;
@@ -250,7 +250,7 @@ class Menu final : public ControlOf<Menu> {  // a bar with one menu, called as i
   std::vector<Item> items_;
 };
 
-class TextBox final : public ControlOf<TextBox> {
+class TextBox final : public ControlOf<TextBox> {  // one line that the user types
  public:
   static constexpr std::string_view kTypeName = "TextBox";
   using ControlOf::ControlOf;
@@ -276,7 +276,7 @@ class TextBox final : public ControlOf<TextBox> {
   std::pair<int, int> selection_{0, 0};
 };
 
-class ProgressBar final : public ControlOf<ProgressBar> {
+class ProgressBar final : public ControlOf<ProgressBar> {  // how far something has come
  public:
   static constexpr std::string_view kTypeName = "ProgressBar";
   using ControlOf::ControlOf;

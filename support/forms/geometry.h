@@ -3,7 +3,7 @@
 
 namespace vmgv {
 
-struct Size {
+struct Size {  // in twips
   int width = 0, height = 0;
   bool operator==(const Size&) const = default;
 };

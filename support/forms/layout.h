@@ -18,7 +18,7 @@ class WindowPort;
 
 namespace layout {
 
-struct Node {
+struct Node {  // a control, or how some of them stand to each other
   enum class Kind { Nothing, Item, Row, Column, Table, Space };
   Kind kind = Kind::Nothing;
   Control* control = nullptr;  // of an Item

@@ -12,11 +12,11 @@ namespace vmgv {
 enum class MessageStyle : int { Critical = 16, Question = 36 /* with Yes and No */, Information = 64 };
 enum class MessageResult : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
-struct FileFilter {
+struct FileFilter {      // of a file picker
   std::string name;      // "Excel Files (*.xls)"
   std::string patterns;  // "*.xls", several separated by ";"
 };
-struct FileRequest {
+struct FileRequest {  // what a file picker is to offer
   std::string title;  // empty: the platform's own
   std::vector<FileFilter> filters;
   std::string defaultExtension;  // without the point

@@ -7,19 +7,19 @@
 
 namespace vmgv {
 
-struct PageSize {
+struct PageSize {  // in points
   double width = 0, height = 0;
   bool operator==(const PageSize&) const = default;
 };
 
-struct PageRect {
+struct PageRect {  // from the page's top left corner, in points
   double left = 0, top = 0, width = 0, height = 0;
   double right() const noexcept { return left + width; }
   double bottom() const noexcept { return top + height; }
   bool operator==(const PageRect&) const = default;
 };
 
-struct PageFont {
+struct PageFont {  // of a text on a page
   std::string family;
   double size = 9;  // points
   bool bold = false, italic = false, underline = false, strikethrough = false;
