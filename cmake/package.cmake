@@ -79,11 +79,12 @@ endfunction()
 set(headers
   GridEngine=adapters/grid/grid_object.h+adapters/grid/row_source.h
   GridView=frontends/qt/grid_view.h
-  GridViewEditor=frontends/qt/grid_view_editor.h
+  GridViewEditor=frontends/qt/grid_view.h+frontends/qt/grid_view_editor.h
   Headless=frontends/headless/headless_desktop.h+frontends/headless/headless_printer.h
   ItemModelSource=frontends/qt/item_model_source.h
-  Objects=support/automation/class_table.h+support/automation/convert.h
+  Objects=support/automation/class_table.h+support/automation/convert.h+support/fonts/standard_font.h
   Pages=support/pages/page_objects.h+support/pages/print_port.h
+  Player=hosts/player/play.h
   Workbook=adapters/workbook/application.h
   vmgrEdit=control/vmgr_edit.h)
 set(script ${CMAKE_CURRENT_LIST_DIR}/package/public_headers.cmake)
@@ -100,7 +101,7 @@ install(DIRECTORY ${CMAKE_BINARY_DIR}/include/vmGridViews DESTINATION ${CMAKE_IN
 
 set(VMG_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/vmGridViews)
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig OUTPUT_VARIABLE VMG_PREFIX_FROM_PKGCONFIG)
-vmg_shared(Core FROM vmg_control vmg_grid_adapter vmg_headless_printer vmg_workbook)
+vmg_shared(Core FROM vmg_control vmg_grid_adapter vmg_headless_printer vmg_player vmg_workbook)
 vmg_shared(Qt FROM vmg_qt ON vmGridViewsCore Qt6::Widgets)
 
 configure_package_config_file(cmake/package/vmGridViewsConfig.cmake.in vmGridViewsConfig.cmake

@@ -16,7 +16,10 @@ class GridViewEditor::Private {
   Private() = default;
   Private(const Private&) = delete;
   Private& operator=(const Private&) = delete;
-  ~Private() { setEngine(nullptr); }
+  ~Private() {
+    setEngine(nullptr);
+    if (ownView && !ownView->parent()) delete ownView;
+  }
 
   void setGrid(ObjectRef grid) {
     setEngine(nullptr);
@@ -93,10 +96,11 @@ void GridViewEditor::setEngine(std::shared_ptr<GridEngine> engine) { d_->setEngi
 
 void GridViewEditor::setGrid(ObjectRef grid) { d_->setGrid(std::move(grid)); }
 
-void GridViewEditor::setModel(QAbstractItemModel* model) {
-  if (!d_->ownView) d_->ownView = new GridView(this);
+GridView* GridViewEditor::setModel(QAbstractItemModel* model) {
+  if (!d_->ownView) d_->ownView = new GridView;
   d_->ownView->setModel(model);
   d_->setView(d_->ownView);
+  return d_->ownView;
 }
 
 GridView* GridViewEditor::gridView() const { return d_->view; }

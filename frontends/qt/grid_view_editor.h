@@ -48,8 +48,8 @@ class GridViewEditor : public QWidget {
   void setGridView(GridView* view);  // whatever engine it has from time to time
   void setEngine(std::shared_ptr<GridEngine> engine);
   void setGrid(ObjectRef grid);  // any object with the grid's members
-  // A model that no GridView shows gets one of the editor's own: gridView(), which a layout may take.
-  void setModel(QAbstractItemModel* model);
+  // Of a model that no GridView shows yet: makes one, which belongs to the editor until a layout takes it.
+  GridView* setModel(QAbstractItemModel* model);
   GridView* gridView() const;  // null where the grid is none
   ObjectRef grid() const;
 

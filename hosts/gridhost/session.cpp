@@ -6,7 +6,7 @@
 #include "hosts/gridhost/files.h"
 #include "hosts/gridhost/report.h"
 #include "hosts/player/paths.h"
-#include "hosts/player/player.h"
+#include "hosts/player/play.h"
 
 namespace vmgv {
 namespace {
@@ -34,11 +34,7 @@ int Session::play(User& user) {
                     [this](const std::vector<std::int32_t>& rows) { engine_->select(rows); },
                     [this](const std::filesystem::path& file) { workbook_ = file; },
                     [this](const std::filesystem::path& file) { print(file); }};
-  Player player(*options_.script, options_.out, stage, std::cerr);
-  user.setIdleHandler(&player);
-  const int status = player.run();
-  user.setIdleHandler(nullptr);
-  if (status != 0) return status;
+  if (const int status = playScript(*options_.script, options_.out, stage, std::cerr)) return status;
   std::cout << pathText(*options_.script) << ": done";
   for (const std::string& file : written_) std::cout << ", " << file;
   std::cout << std::endl;
