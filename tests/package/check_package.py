@@ -85,7 +85,7 @@ def visit(folder, script, *command):
     os.mkdir(folder)
     run(*command, QT_QPA_PLATFORM="offscreen", QT_PLUGIN_PATH=os.path.join(BUILD, "plugins"),
         QT_QPA_GENERIC_PLUGINS="visitor", VISITOR_FOLDER=folder, VISITOR_SCRIPT=os.path.join(HERE, script),
-        VMG_WORKBOOK_FOLDER=folder)
+        VMG_WORKBOOK_FOLDER=folder, HOME=folder)
     return folder
 
 
@@ -100,8 +100,9 @@ def check_sql(programs, folder):
     assert len(lines(f"{SOURCE}/examples/qt_sql/main.cpp")) <= 15, "its readers are promised a short program"
 
 
-def check_own_grid(programs, folder):
+def check_own_grid(programs, folder, help_pages):
     seen = visit(folder, "own_grid.vgs", os.path.join(programs, "qt_own_grid", "qt_own_grid"))
+    assert lines(seen, "opened.txt") == [[os.path.join(help_pages, "en", "gridViewsSorting.htm")]]
     best = lines(seen, "sorted.tsv")
     assert {row[2] for row in best} == {"Aegean Books"} and [row[5] for row in best] == ["1237.5", "1200", "1187.5"], best
     assert lines(seen, "grouped.tsv")[0][1] == "1135", "groups come before the sort keys"
@@ -127,4 +128,4 @@ with tempfile.TemporaryDirectory() as work:
     check_gridhost(place("installed"), place("out"))
     check_batch(place("programs"), place("out"))
     check_sql(place("programs"), place("sql"))
-    check_own_grid(place("programs"), place("own_grid"))
+    check_own_grid(place("programs"), place("own_grid"), place("installed/share/vmGridViews/help"))

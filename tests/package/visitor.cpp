@@ -2,10 +2,14 @@
 // (QT_QPA_GENERIC_PLUGINS=visitor).
 //
 // It pictures and closes the dialog that the program opens by itself, plays the script VISITOR_SCRIPT on the
-// program's editor, pictures the window and ends the program. All goes into VISITOR_FOLDER.
+// program's editor, pictures the window and ends the program. All goes into VISITOR_FOLDER, also the names of
+// the files that the desktop was asked to open.
 #include <QApplication>
+#include <QDesktopServices>
+#include <QFile>
 #include <QGenericPlugin>
 #include <QTimer>
+#include <QUrl>
 #include <iostream>
 
 #include "control/vmgr_edit.h"
@@ -41,11 +45,21 @@ int play() {
   return status;
 }
 
+}  // namespace
+
 class Visitor final : public QObject {
+  Q_OBJECT
+
  public:
   Visitor() {
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
     connect(&visit_, &QTimer::timeout, this, &Visitor::look);
     visit_.start(20);
+  }
+
+  Q_SLOT void open(const QUrl& url) {
+    QFile opened(folder() + QStringLiteral("/opened.txt"));
+    if (opened.open(QIODevice::Append)) opened.write(url.toLocalFile().toUtf8() + '\n');
   }
 
  private:
@@ -66,8 +80,6 @@ class Visitor final : public QObject {
 
   QTimer visit_;
 };
-
-}  // namespace
 
 class VisitorPlugin final : public QGenericPlugin {
   Q_OBJECT
