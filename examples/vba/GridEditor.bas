@@ -1,16 +1,6 @@
 Attribute VB_Name = "GridEditor"
-' Lets the user reshape a grid of the application's, from VBA or VB6.
-'
-' VB6: put the control on the form from the toolbox (Components, vmGridViews) and call it there:
-'
-'   Private Sub Form_Load()
-'       Set vmgrEdit1.Grid = Grid1.Object
-'   End Sub
-'   Private Sub mnuSort_Click()
-'       vmgrEdit1.ShowSort
-'   End Sub
-'
-' VBA, and VB6 without the toolbox: import this module and call EditGrid from a button,
+' Lets the user reshape a grid of the application's, from VBA, or VB6 without the control on a form. Import this module
+' and call EditGrid from a button,
 '
 '   EditGrid UserForm1.Grid1.Object, "ShowSort"
 '

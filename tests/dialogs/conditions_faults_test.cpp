@@ -1,6 +1,7 @@
 // Every single late-bound call of a session in the format conditions editor fails once: the failure is told,
 // or the host gets it before the dialog is shown; all else is written, and the dialog goes on.
 #include "support/forms/property_editor.h"
+#include "tests/dialogs/contract_guide.h"
 #include "tests/dialogs/fixture.h"
 
 namespace vmgv {
@@ -80,6 +81,7 @@ TEST(ConditionsFaults, EveryCallOfTheGrid) {
   Fault counting;
   const Session healthy = edit(counting);
   EXPECT_EQ(healthy.writes, 8u);
+  EXPECT_EQ(counting.asked, membersInGuide("ShowFormat"));
   for (int failAt = 1; failAt <= counting.calls; ++failAt) {
     Fault fault{failAt};
     const Session session = edit(fault);

@@ -1,4 +1,5 @@
 // Every single late-bound call of an export fails once: no crash, the right message, a grid that paints.
+#include "tests/dialogs/contract_guide.h"
 #include "tests/dialogs/fixture.h"
 
 namespace vmgv {
@@ -40,10 +41,12 @@ Outcome exportWith(Fault& gridFault, Fault& excelFault, bool selectedOnly) {
 constexpr int kSilentGridCalls = 2;  // PreviewColumn and MultiSelect, for the dialog's options
 
 TEST(ExportFaults, EveryCallOfTheGrid) {
+  std::set<std::string> asked;
   for (const bool selectedOnly : {false, true}) {
     Fault none, counting;
     const Outcome whole = exportWith(counting, none, selectedOnly);
     ASSERT_TRUE(whole.messages.empty());
+    asked.merge(counting.asked);
     int silent = 0;
     for (int failAt = 1; failAt <= counting.calls; ++failAt) {
       Fault gridFault{failAt}, excelFault;
@@ -65,6 +68,7 @@ TEST(ExportFaults, EveryCallOfTheGrid) {
     EXPECT_GE(silent, kSilentGridCalls + listCalls + 1) << records;
     EXPECT_LE(silent, kSilentGridCalls + listCalls + 2);
   }
+  EXPECT_EQ(asked, membersInGuide("ShowExcel"));
 }
 
 TEST(ExportFaults, EveryCallOfTheSpreadsheet) {

@@ -1,6 +1,7 @@
 // Late-bound objects for tests, and objects that fail on demand.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,7 +39,8 @@ struct Fault {
   static constexpr const char* kDescription = "injected";
   int failAt = 0;  // the number of the failing call, from 1; 0: none
   int calls = 0;
-  std::string failed;  // the member that failed
+  std::string failed;           // the member that failed
+  std::set<std::string> asked;  // "Columns.Count": every member that was called, "Item" for a default one
 };
 
 // Stands before an object; what the object answers stands behind a FaultyObject too.
@@ -53,6 +55,7 @@ class FaultyObject final : public Object {
     return (*target_).member(name);
   }
   Value invoke(MemberId id, Access access, std::span<const Value> args) override {
+    fault_.asked.insert(typeName() + "." + (id == kDefaultMember ? "Item" : lastName_));
     if (++fault_.calls == fault_.failAt) {
       fault_.failed = lastName_;
       throw Error(Fault::kNumber, Fault::kDescription);

@@ -3,6 +3,7 @@
 #include "support/automation/events.h"
 #include "support/forms/page_preview.h"
 #include "support/pages/page_objects.h"
+#include "tests/dialogs/contract_guide.h"
 #include "tests/dialogs/fixture.h"
 
 namespace vmgv {
@@ -207,6 +208,12 @@ TEST(PreviewDialog, EveryCallOfTheGridFailsOnce) {
   PreviewFixture healthy;
   EXPECT_TRUE(run(healthy, counting));
   ASSERT_GE(counting.calls, 7);
+  // This grid is its own PrinterProperties.
+  std::set<std::string> inGuide;
+  for (const std::string& member : membersInGuide("ShowPreview")) {
+    inGuide.insert("GridEX" + member.substr(member.find('.')));
+  }
+  EXPECT_EQ(counting.asked, inGuide);
   for (int failAt = 1; failAt <= counting.calls; ++failAt) {
     PreviewFixture f;
     Fault fault{failAt};

@@ -2,6 +2,7 @@
 // and all that can be written is written.
 #include <optional>
 
+#include "tests/dialogs/contract_guide.h"
 #include "tests/dialogs/fixture.h"
 
 namespace vmgv {
@@ -42,6 +43,7 @@ TEST(SilentFaults, EveryCallOfTheGrid) {
     DialogFixture healthy(fullGrid());
     const std::optional<int> loading = confirm(healthy, c.method, counting);
     ASSERT_TRUE(loading);
+    EXPECT_EQ(counting.asked, membersInGuide(c.method));
     const std::size_t writes = healthy.grid.log.size();
     EXPECT_GE(writes, 5u) << c.method;
     for (int failAt = 1; failAt <= counting.calls; ++failAt) {

@@ -6,6 +6,7 @@ import re
 import sys
 import unicodedata
 
+import program_texts
 from pages import Page, dead_links
 
 LANGUAGES = ("en", "el")  # in the order of the string table
@@ -34,9 +35,8 @@ for name in names("en") & names("el"):
         check(english == greek, f"{name}: {part} differ: {set(english) ^ set(greek)}")
 
 # Every dialog's Help button has its page.
-code = "".join(path.read_text(encoding="utf-8") for part in ("adapters", "control", "dialogs", "frontends", "output")
-               for path in (sources / part).rglob("*.cpp"))
-topics = set(re.findall(r'"(gridViews[A-Z]\w+)"', code))
+program = program_texts.code(sources)
+topics = set(re.findall(r'"(gridViews[A-Z]\w+)"', program))
 check(len(topics) >= 7, f"only {topics} are asked for by dialogs")
 for topic in topics:
     check(f"{topic}.htm" in names("en"), f"{topic}: a dialog's topic without a page")
@@ -62,12 +62,7 @@ for language in LANGUAGES:
                 check(f"{name}#{place}" in table.links, f"{language}: contents or index lack {name}#{place}")
 
 # Labels and messages are the program's own.
-table = (sources / "resources/strings.def").read_text(encoding="utf-8")
-text = r'((?:"(?:[^"\\]|\\.)*"\s*)+)'
-rows = [[re.sub(r'"\s*"', "", each).strip().strip('"').replace("\\t", "\t") for each in row]
-        for row in re.findall(rf"VMG_STRING\(\d+, \w+,\s*{text},\s*{text}\)", table)]
-check(len(rows) > 100, f"the string table was read as {len(rows)} rows")
-program = re.sub(r'"\s*\n\s*"', "", code)
+rows = program_texts.string_table(sources)
 for column, language in enumerate(LANGUAGES):
     texts = [row[column] for row in rows]
     labels = OTHER_LABELS | {each.strip() for each in texts}
@@ -76,8 +71,6 @@ for column, language in enumerate(LANGUAGES):
             if tag == "b":
                 check(said in labels, f"{language}/{name}: no control is called {said}")
             if tag == "th":
-                pattern = re.compile(".*".join(re.escape(part.strip()) for part in said.split("...")))
-                check(any(pattern.search(each) for each in texts) or pattern.search(program),
-                      f"{language}/{name}: no message says {said}")
+                check(program_texts.is_said(said, [*texts, program]), f"{language}/{name}: no message says {said}")
 
 sys.exit("\n".join(sorted(set(faults))) or None)
