@@ -8,7 +8,7 @@ test_packages=(python3-openpyxl poppler-utils clang-tidy doxygen)
 # Its package would drive out a LibreOffice with windows, so it is wanted only where there is none at all.
 command -v soffice >/dev/null || test_packages+=(libreoffice-calc-nogui)
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev googletest  # its sources
-                  mingw-w64-tools libwine-dev fp-utils  # type libraries and compiled help
+                  mingw-w64-tools libwine-dev fp-utils nsis  # type libraries, compiled help, the installer
                   wine wine64 fonts-wine fonts-liberation xvfb x11-utils)
 
 say() { printf '== %s\n' "$*"; }
