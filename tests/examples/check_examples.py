@@ -1,5 +1,5 @@
 """check_examples.py SOURCE BITS BIN CLIENT_USER: registers the control as the guide says, runs the examples, each with
-its user, and takes the control out again."""
+its user, and takes the control out again; begins the check of workbooks by Excel."""
 import pathlib
 import subprocess
 import sys
@@ -52,3 +52,5 @@ finally:
     run(SYSTEM + "regsvr32.exe", "/s", "/u", windows_path(programs / "vmgWorkbook.dll"))
     assert command("register.cmd", programs, "/u") == 0
 assert run(str(programs / "example_host.exe"), "--close")[0] == 1, "the control is still registered"
+check = run(SYSTEM + "cscript.exe", "//nologo", windows_path(source / "docs/check-excel.vbs"), "new.xlsx")
+assert check[0] == 2 and "Excel cannot be started" in check[1][0], check  # it is no program of Wine's
