@@ -9,7 +9,6 @@ include(CTest)
 include(GoogleTest)
 option(VMG_BENCH "Build the benchmarks and their peers" OFF)
 option(VMG_FUZZ "Build the fuzz targets, by Clang" OFF)
-option(VMG_PRECOMPILE "Compile the standard headers once for all libraries" OFF)
 option(VMG_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 
 find_program(CCACHE ccache)
@@ -40,23 +39,11 @@ if(WIN32)  # one self-contained file each: no run-time library of the compiler b
   target_link_options(vmg_options INTERFACE -static -Wl,--gc-sections -s)
 endif()
 
-# Not in the dev build, where a file must name all that it includes.
-if(VMG_PRECOMPILE)
-  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/standard_headers.cpp CONTENT "")
-  add_library(vmg_standard_headers STATIC EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/standard_headers.cpp)
-  target_link_libraries(vmg_standard_headers PRIVATE vmg_options)
-  target_precompile_headers(vmg_standard_headers PRIVATE
-    <algorithm> <functional> <map> <memory> <optional> <string> <unordered_map> <vector>)
-endif()
-
 # vmg_library(NAME SOURCES ... [DEPENDS ...]): a small static library.
 function(vmg_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC vmg_options ${arg_DEPENDS})
-  if(VMG_PRECOMPILE AND NOT arg_DEPENDS MATCHES "Qt6::")  # Qt wants another kind of code
-    target_precompile_headers(${name} REUSE_FROM vmg_standard_headers)
-  endif()
 endfunction()
 
 # Debian has GoogleTest for Windows as its sources alone.

@@ -24,7 +24,7 @@ const char* typeWord(ColumnType type) {
   return "";
 }
 
-std::string quoted(const std::string& text) {
+std::string inQuotes(const std::string& text) {
   if (text.size() <= kQuoted) return '"' + text + '"';
   std::size_t end = kQuoted;
   while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // whole characters
@@ -177,7 +177,7 @@ Table loadTable(RowSource& source, Problems& problems) {
     if (feed.declared) {
       problems.add(source.name() + ", row " + std::to_string(feed.misfitRow),
                    "column \"" + table.specs[i].field + "\" is declared to hold " +
-                       typeWord(table.specs[i].type) + " but has " + quoted(feed.misfit) +
+                       typeWord(table.specs[i].type) + " but has " + inQuotes(feed.misfit) +
                        "; the whole column is read as text");
     }
   }

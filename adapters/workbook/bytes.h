@@ -7,6 +7,9 @@
 
 namespace vmgv::workbook {
 
+// Of a zip record: the number stands in a 64-bit field.
+inline constexpr std::uint32_t kElsewhere = 0xFFFFFFFF;
+
 // The caller has seen to it that the bytes are there.
 template <class Number>
 Number littleEndian(std::string_view bytes, std::size_t offset) {

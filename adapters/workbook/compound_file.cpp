@@ -9,7 +9,7 @@ namespace vmgv::workbook {
 namespace {
 
 constexpr std::string_view kSignature("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1");
-constexpr std::size_t kHeaderSize = 512, kEntrySize = 128;
+constexpr std::size_t kFirstSize = 512, kStreamEntrySize = 128;
 constexpr std::uint32_t kLastSector = 0xFFFFFFFA;  // numbers behind it mean no sector
 constexpr std::uint64_t kOwnSectors = 4096;        // bytes; shorter streams share theirs
 constexpr std::size_t kTablesInHeader = 109;
@@ -28,8 +28,8 @@ bool hasName(std::string_view entry, std::u16string_view name) {
 bool isCompoundFile(std::string_view start) { return start.starts_with(kSignature); }
 
 CompoundFile::CompoundFile(const InputFile& file) : file_(file) {
-  const std::string header = file.read(0, kHeaderSize);
-  if (header.size() < kHeaderSize || !isCompoundFile(header)) return;
+  const std::string header = file.read(0, kFirstSize);
+  if (header.size() < kFirstSize || !isCompoundFile(header)) return;
   const unsigned shift = number16(header, 30);
   if (shift != 9 && shift != 12) return;
   shift_ = shift;
@@ -71,8 +71,8 @@ std::optional<CompoundFile::Stream> CompoundFile::find(std::u16string_view name)
   std::uint32_t at = shift_ == 0 ? kLastSector : directory_;
   for (std::size_t count = 0; at < kLastSector && count <= table_.size(); ++count, at = next(at)) {
     const std::string entries = sector(at);
-    for (std::size_t begin = 0; begin + kEntrySize <= entries.size(); begin += kEntrySize) {
-      const std::string_view entry = std::string_view(entries).substr(begin, kEntrySize);
+    for (std::size_t begin = 0; begin + kStreamEntrySize <= entries.size(); begin += kStreamEntrySize) {
+      const std::string_view entry = std::string_view(entries).substr(begin, kStreamEntrySize);
       if (hasName(entry, name)) return Stream{number32(entry, 116), number32(entry, 120)};
     }
   }

@@ -10,6 +10,10 @@ namespace vmgv::workbook {
 inline constexpr std::string_view kXmlHead =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
 
+// The namespace of workbooks, sheets, styles and pivot tables (ECMA-376 part 1), as an attribute.
+inline constexpr const char* kSheetNamespace =
+    " xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"";
+
 struct TextShape {
   int lines = 1;
   int widest = 0;  // characters of the longest line; East Asian ones count twice

@@ -7,7 +7,7 @@
 namespace vmgv::workbook {
 namespace {
 
-constexpr std::size_t kBlock = std::size_t{64} * 1024;
+constexpr std::size_t kPackedBlock = std::size_t{64} * 1024;
 
 }  // namespace
 
@@ -16,7 +16,7 @@ struct Inflater::Engine {
   ~Engine() { inflateEnd(&stream); }
 };
 
-Inflater::Inflater() : engine_(new Engine), text_(new char[kBlock]) {
+Inflater::Inflater() : engine_(new Engine), text_(new char[kPackedBlock]) {
   if (inflateInit2(&engine_->stream, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
 }
 
@@ -28,10 +28,10 @@ bool Inflater::inflate(std::string_view packed, const std::function<bool(std::st
   stream.avail_in = static_cast<uInt>(packed.size());
   do {
     stream.next_out = reinterpret_cast<Bytef*>(text_.get());
-    stream.avail_out = static_cast<uInt>(kBlock);
+    stream.avail_out = static_cast<uInt>(kPackedBlock);
     const int result = ::inflate(&stream, Z_NO_FLUSH);
     if (result != Z_OK && result != Z_STREAM_END && result != Z_BUF_ERROR) return false;
-    if (!take({text_.get(), kBlock - stream.avail_out})) return false;
+    if (!take({text_.get(), kPackedBlock - stream.avail_out})) return false;
     ended_ = result == Z_STREAM_END;
   } while (!ended_ && stream.avail_out == 0);
   return true;

@@ -68,7 +68,6 @@ constexpr const char* kAppProperties = "<Properties xmlns=\"" OPENXML
                                        "officeDocument/2006/extended-properties\">"
                                        "<Application>vmGridViews</Application></Properties>";
 
-constexpr const char* kMain = " xmlns=\"" OPENXML "spreadsheetml/2006/main\"";
 constexpr const char* kLinks = " xmlns:r=\"" OPENXML "officeDocument/2006/relationships\"";
 
 #undef OPENXML
@@ -80,7 +79,7 @@ std::string pivotSheetName(const std::string& sheetName) {
 }
 
 std::string workbookXml(const std::string& sheetName, bool hasPivot) {
-  std::string xml = std::string("<workbook") + kMain + kLinks + "><bookViews><workbookView" +
+  std::string xml = std::string("<workbook") + kSheetNamespace + kLinks + "><bookViews><workbookView" +
                     (hasPivot ? " activeTab=\"1\"" : "") + "/></bookViews><sheets><sheet name=\"" +
                     attributeText(sheetName) + "\" sheetId=\"1\" r:id=\"rId1\"/>";
   if (hasPivot) xml += "<sheet name=\"" + pivotSheetName(sheetName) + "\" sheetId=\"2\" r:id=\"rId3\"/>";

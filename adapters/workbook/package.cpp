@@ -3,10 +3,11 @@
 
 #include <zlib.h>
 
+#include "adapters/workbook/bytes.h"
+
 namespace vmgv::workbook {
 namespace {
 
-constexpr std::uint32_t kElsewhere = 0xffffffff;          // the number stands in a 64-bit field
 constexpr std::uint16_t kNormal = 20, kWide = 45;         // versions: deflate, 64-bit fields
 constexpr std::uint16_t kUtf8 = 1u << 11;                 // of names
 constexpr std::uint32_t kFirstDay = 1u << 21 | 1u << 16;  // 1980-01-01 00:00, as the format begins to count

@@ -19,9 +19,8 @@ constexpr std::string_view kEntry("PK\1\2"), kEnd("PK\5\6"), kWideEnd("PK\6\6"),
 constexpr std::size_t kEndSize = 22, kWideEndSize = 56, kWideEndPlaceSize = 20, kEntrySize = 46,
                       kHeaderSize = 30;
 constexpr std::size_t kMostComment = 65535;
-constexpr std::uint32_t kElsewhere = 0xFFFFFFFF;  // the number stands in a 64-bit field
 constexpr std::uint16_t kStored = 0, kDeflated = 8, kEncrypted = 1;
-constexpr std::size_t kBlock = std::size_t{64} * 1024;
+constexpr std::size_t kReadBlock = std::size_t{64} * 1024;
 constexpr std::uint64_t kMegabyte = std::uint64_t{1} << 20;
 constexpr std::uint64_t kMostDirectory = 16 * kMegabyte, kMostText = 64 * kMegabyte;
 // Worksheets pack to a tenth or a thirtieth. What is to grow a hundredfold and more is not meant to be read.
@@ -154,7 +153,8 @@ void PackageReader::eachBlock(const PackagePart& part, Sink sink) const {
   std::uint64_t at = part.offset + kHeaderSize + number16(header, 26) + number16(header, 28);
   if (at > file_.size() || part.packedSize > file_.size() - at) damaged();
   for (std::uint64_t left = part.packedSize; left > 0;) {
-    const std::string block = file_.read(at, static_cast<std::size_t>(std::min<std::uint64_t>(left, kBlock)));
+    const std::string block =
+        file_.read(at, static_cast<std::size_t>(std::min<std::uint64_t>(left, kReadBlock)));
     at += block.size();
     left -= block.size();
     if (block.empty() || !sink(block, left)) damaged();

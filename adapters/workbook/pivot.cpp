@@ -34,14 +34,14 @@ std::vector<std::string> fieldNames(const std::vector<std::string>& headers, int
 // returns false; tells whether it never did.
 template <class Visit>
 bool eachRow(const PackedStream& rows, Visit visit) {
-  constexpr std::string_view kEnd = "</row>";
+  constexpr std::string_view kRowEnd = "</row>";
   std::string kept;  // the beginning of a row
   bool first = true, goesOn = true;
   rows.readText([&](std::string_view text) {
     kept += text;
-    std::size_t begin = 0, end = kept.find(kEnd);
-    for (; goesOn && end != std::string::npos; end = kept.find(kEnd, begin)) {
-      end += kEnd.size();
+    std::size_t begin = 0, end = kept.find(kRowEnd);
+    for (; goesOn && end != std::string::npos; end = kept.find(kRowEnd, begin)) {
+      end += kRowEnd.size();
       if (!first) goesOn = visit(std::string_view(kept).substr(begin, end - begin));
       first = false;
       begin = end;

@@ -8,11 +8,10 @@
 namespace vmgv::workbook {
 namespace {
 
-constexpr const char* kMain = " xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"";
 constexpr int kFirstRow = 3;         // as programs place a new pivot table, with room for a filter above
 constexpr const char* kTotal = "Σ";  // in any language
-constexpr const char* kBlank = "(blank)";             // as programs call it
-constexpr std::size_t kNarrowest = 10, kWidest = 60;  // characters
+constexpr const char* kBlank = "(blank)";                       // as programs call it
+constexpr std::size_t kNarrowestField = 10, kWidestField = 60;  // characters
 
 std::string number(std::size_t value) { return std::to_string(value); }
 
@@ -64,12 +63,13 @@ std::string pivotSheetXml(const Pivot& pivot) {
     addRow(numberCell(cell(1), pivot.total), "");
   }
   const std::size_t own = countCharacters(pivot.lineField ? lineName(pivot) : dataName(pivot));
-  const std::string width = number(std::min(std::max(widest, own), kWidest) + 4);  // with the list's button
-  return std::string("<worksheet") + kMain + "><dimension ref=\"" + place(pivot) +
+  const std::string width =
+      number(std::min(std::max(widest, own), kWidestField) + 4);  // with the list's button
+  return std::string("<worksheet") + kSheetNamespace + "><dimension ref=\"" + place(pivot) +
          "\"/><sheetViews><sheetView tabSelected=\"1\" workbookViewId=\"0\"/></sheetViews>"
          "<sheetFormatPr defaultRowHeight=\"15\"/><cols><col min=\"1\" max=\"1\" width=\"" +
          width + "\" customWidth=\"1\"/><col min=\"2\" max=\"2\" width=\"" +
-         number(std::clamp(countCharacters(dataName(pivot)), kNarrowest, kWidest) + 4) +
+         number(std::clamp(countCharacters(dataName(pivot)), kNarrowestField, kWidestField) + 4) +
          "\" customWidth=\"1\"/></cols><sheetData>" + rows +
          "</sheetData><pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" "
          "footer=\"0.3\"/></worksheet>";
@@ -102,7 +102,7 @@ std::string pivotTableXml(const Pivot& pivot) {
   }
   const std::string caption =
       pivot.lineField ? " rowHeaderCaption=\"" + attributeText(lineName(pivot)) + '"' : "";
-  return std::string("<pivotTableDefinition") + kMain +
+  return std::string("<pivotTableDefinition") + kSheetNamespace +
          " name=\"PivotTable1\" cacheId=\"1\" applyNumberFormats=\"0\" applyBorderFormats=\"0\" "
          "applyFontFormats=\"0\" applyPatternFormats=\"0\" applyAlignmentFormats=\"0\" "
          "applyWidthHeightFormats=\"1\" dataCaption=\"" +
@@ -138,7 +138,7 @@ std::string pivotCacheXml(const Pivot& pivot, const std::string& sheetName) {
     }
     fields += "</cacheField>";
   }
-  return std::string("<pivotCacheDefinition") + kMain +
+  return std::string("<pivotCacheDefinition") + kSheetNamespace +
          " saveData=\"0\" refreshOnLoad=\"1\" createdVersion=\"3\" refreshedVersion=\"3\" "
          "minRefreshableVersion=\"3\"><cacheSource type=\"worksheet\"><worksheetSource ref=\"" +
          areaName(pivot.source) + "\" sheet=\"" + attributeText(sheetName) +

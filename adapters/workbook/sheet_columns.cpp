@@ -82,7 +82,7 @@ std::string SheetColumns::xml(std::span<const FittedColumn> fitted) const {
   }
   if (runs.empty()) return {};
   std::sort(runs.begin(), runs.end(), [](const Run& a, const Run& b) { return a.first < b.first; });
-  std::string xml = "<cols xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">";
+  std::string xml = std::string("<cols") + kSheetNamespace + ">";
   for (const Run& run : runs) xml += withRange(run.tag, run.first, run.last);
   return xml + "</cols>";
 }

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
+#include "adapters/workbook/encode.h"
 #include "adapters/workbook/xml_edit.h"
 
 namespace vmgv::workbook {
 namespace {
 
 using Token = XmlScanner::Token;
-
-constexpr const char* kNameSpace = " xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"";
 
 // The elements that stand between a sheet's rows and its merged areas (ECMA-376 part 1, 18.3.1.99).
 constexpr std::string_view kBeforeMerges[] = {"sheetCalcPr",     "sheetProtection", "protectedRanges",
@@ -161,19 +160,19 @@ std::string SheetFrame::head(const Area& used, std::span<const FittedColumn> fit
   }
   if (dimensionEnd_ > 0) {
     edit.replace(dimensionBegin_, dimensionEnd_,
-                 std::string("<dimension") + kNameSpace + " ref=\"" + areaName(used) + "\"/>");
+                 std::string("<dimension") + kSheetNamespace + " ref=\"" + areaName(used) + "\"/>");
   }
   const bool hadColumns = columnsEnd_ > 0;
   edit.replace(hadColumns ? columnsBegin_ : rowsBegin_, hadColumns ? columnsEnd_ : rowsBegin_,
                columns_.xml(fitted));
-  return edit.result() + "<sheetData" + kNameSpace + ">";
+  return edit.result() + "<sheetData" + kSheetNamespace + ">";
 }
 
 std::string SheetFrame::middle(const Area& written) const {
   std::string xml;
   for (const Child& child : children_) {
     if (child.name == "autoFilter") {
-      xml += std::string("<autoFilter") + kNameSpace + " ref=\"" + areaName(written) + "\"/>";
+      xml += std::string("<autoFilter") + kSheetNamespace + " ref=\"" + areaName(written) + "\"/>";
     } else if (child.name != "sortState" && standsBeforeMerges(child.name)) {
       xml += piece(child.begin, child.end);
     }

@@ -46,6 +46,7 @@ class SheetStream {
   const std::vector<std::string>& headers() const noexcept { return headers_; }  // the texts in the first row
   bool hasMerges() const noexcept { return merged_.has_value(); }
   void completeRow();
+  void startMerges();
   void writeTo(Package& package, const std::string& part) const;
   // The XML of the rows, of a complete sheet.
   const PackedStream& rowsXml() const noexcept { return rows_; }

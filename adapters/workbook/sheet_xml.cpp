@@ -17,8 +17,6 @@ constexpr int kWidestNumber = 12;     // programs show 11 characters and a sign,
 constexpr double kPadding = 1.71;     // a letter wider than a digit, and the cell's margin of 5 pixels in 7
 constexpr double kLineHeight = 15;    // points, of the default font
 constexpr double kMaxHeight = 409.5;  // points
-constexpr const char* kMergesStart =
-    "<mergeCells xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">";
 constexpr std::size_t kCellFrame = 96;  // bytes at most of a cell's XML around its text, or of a number's
 
 char* put(char* out, std::string_view text) {
@@ -73,7 +71,7 @@ void SheetStream::completeRow() {
   if (row_ == 1) noteHeaders();
   for (const Area& area : merges_) {
     lastColumn_ = std::max(lastColumn_, area.right);
-    if (!merged_) merged_.emplace(folder_).text().append(kMergesStart);
+    if (!merged_) startMerges();
     merged_->text().append("<mergeCell ref=\"" + areaName(area) + "\"/>");
     merged_->settle();
   }
@@ -82,6 +80,10 @@ void SheetStream::completeRow() {
   touched_.clear();
   merges_.clear();
   rows_.settle();
+}
+
+void SheetStream::startMerges() {
+  merged_.emplace(folder_).text().append(std::string("<mergeCells") + kSheetNamespace + ">");
 }
 
 void SheetStream::appendOldRow(const OldRow& row) {
@@ -190,9 +192,8 @@ std::string SheetStream::head() const {
     return frame_->head({1, 1, std::max(written.bottom, used_.bottom), std::max(written.right, used_.right)},
                         fitted);
   }
-  return std::string(kXmlHead) +
-         "<worksheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><dimension ref=\"" +
-         areaName(written) + "\"/><sheetViews><sheetView" + (selected_ ? " tabSelected=\"1\"" : "") +
+  return std::string(kXmlHead) + "<worksheet" + kSheetNamespace + "><dimension ref=\"" + areaName(written) +
+         "\"/><sheetViews><sheetView" + (selected_ ? " tabSelected=\"1\"" : "") +
          " workbookViewId=\"0\"/></sheetViews>"
          "<sheetFormatPr defaultRowHeight=\"15\"/>" +
          SheetColumns().xml(fitted) + "<sheetData>";
@@ -208,7 +209,7 @@ void SheetStream::finish(std::span<const std::string> tablesGivenUp) {
   if (frame_) rows_.text().append(frame_->middle(written));
   rows_.end(Deflater::Then::Boundary);
   for (const std::string& kept : frame_ ? frame_->keptMerges(written) : std::vector<std::string>()) {
-    if (!merged_) merged_.emplace(folder_).text().append(kMergesStart);
+    if (!merged_) startMerges();
     merged_->text().append("<mergeCell ref=\"" + kept + "\"/>");
   }
   if (merged_) {

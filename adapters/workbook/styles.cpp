@@ -97,7 +97,7 @@ std::string StyleTable::xml() const {
   if (!custom.empty()) {
     custom = "<numFmts count=\"" + std::to_string(codes_.size() - kBuiltIns) + "\">" + custom + "</numFmts>";
   }
-  return "<styleSheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">" + custom +
+  return std::string("<styleSheet") + kSheetNamespace + ">" + custom +
          "<fonts count=\"1\"><font><sz val=\"11\"/><name val=\"Calibri\"/><family val=\"2\"/></font></fonts>"
          "<fills count=\"2\"><fill><patternFill patternType=\"none\"/></fill>"
          "<fill><patternFill patternType=\"gray125\"/></fill></fills>"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/workbook/encode.h"
 #include "adapters/workbook/template_table.h"
 #include "adapters/workbook/xml_edit.h"
 #include "adapters/workbook/xml_scanner.h"
@@ -15,7 +16,6 @@ using Token = XmlScanner::Token;
 
 constexpr const char* kDataSheet = "Data";
 constexpr const char* kFilterName = "_xlnm._FilterDatabase";
-constexpr std::string_view kMain = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
 // The elements of a workbook's part that stand behind calcPr (ECMA-376 part 1, 18.2.27).
 constexpr std::string_view kBehindCalculation[] = {"oleSize",        "customWorkbookViews", "pivotCaches",
                                                    "smartTagPr",     "smartTagTypes",       "webPublishing",
@@ -229,7 +229,7 @@ std::string TemplateFill::workbookXml(const std::string& text, const Area& writt
   XmlEdit edit(text);
   XmlScanner xml(text);
   bool calculates = false;
-  const std::string calculation = "<calcPr xmlns=\"" + std::string(kMain) + "\" fullCalcOnLoad=\"1\"/>";
+  const std::string calculation = "<calcPr" + std::string(kSheetNamespace) + " fullCalcOnLoad=\"1\"/>";
   for (Token token = xml.next(); token != Token::Finished; token = xml.next()) {
     const bool isEnd = token == Token::End && xml.depth() == 0;
     const bool isBehind = token == Token::Start && xml.depth() == 2 &&

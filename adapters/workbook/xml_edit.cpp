@@ -1,14 +1,9 @@
 #include "adapters/workbook/xml_edit.h"
 
 #include "adapters/workbook/encode.h"
+#include "adapters/workbook/xml_scanner.h"
 
 namespace vmgv::workbook {
-namespace {
-
-constexpr std::string_view kSpace = " \t\r\n";
-
-}  // namespace
-
 std::string withAttribute(std::string_view tag, std::string_view name,
                           std::optional<std::string_view> value) {
   const std::string set = value ? " " + std::string(name) + "=\"" + attributeText(*value) + '"' : "";
@@ -16,7 +11,7 @@ std::string withAttribute(std::string_view tag, std::string_view name,
   const std::size_t behindName = at;
   for (;;) {
     const std::size_t before = at;
-    at = tag.find_first_not_of(kSpace, at);
+    at = tag.find_first_not_of(kXmlSpace, at);
     if (at == std::string_view::npos || tag[at] == '/' || tag[at] == '>') break;
     const std::size_t equals = tag.find('=', at), quote = tag.find_first_of("\"'", equals);
     std::string_view own = tag.substr(at, tag.find_first_of(" \t\r\n=", at) - at);

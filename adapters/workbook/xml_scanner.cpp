@@ -8,7 +8,6 @@
 namespace vmgv::workbook {
 namespace {
 
-constexpr std::string_view kSpace = " \t\r\n";
 constexpr std::size_t kMostDepth = 200;
 
 bool isNameCharacter(char c) {
@@ -81,7 +80,7 @@ XmlScanner::Token XmlScanner::next() {
       return readTag();
     } else if (!open_.empty()) {
       return readText();
-    } else if (kSpace.find(rest.front()) != std::string_view::npos) {
+    } else if (kXmlSpace.find(rest.front()) != std::string_view::npos) {
       skipSpace();
     } else {
       fail("there is text outside of all elements");
@@ -95,7 +94,9 @@ void XmlScanner::skipPast(std::string_view mark) {
   at_ = found + mark.size();
 }
 
-void XmlScanner::skipSpace() noexcept { at_ = std::min(text_.find_first_not_of(kSpace, at_), text_.size()); }
+void XmlScanner::skipSpace() noexcept {
+  at_ = std::min(text_.find_first_not_of(kXmlSpace, at_), text_.size());
+}
 
 std::string_view XmlScanner::readName() {
   const std::size_t start = at_;

@@ -14,6 +14,8 @@
 
 namespace vmgv::workbook {
 
+inline constexpr std::string_view kXmlSpace = " \t\r\n";
+
 class XmlError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -20,16 +20,16 @@ struct Border {
 };
 
 // Each apartment has its own, as long as anything stands on both sides.
-thread_local Border* current = nullptr;
+thread_local Border* currentBorder = nullptr;
 
 Border& border() {
-  if (!current) current = new Border;
-  return *current;
+  if (!currentBorder) currentBorder = new Border;
+  return *currentBorder;
 }
 
 void dropIfEmpty() noexcept {
-  if (current->exposed.empty() && current->outside.empty() && current->hosts.empty()) {
-    delete std::exchange(current, nullptr);
+  if (currentBorder->exposed.empty() && currentBorder->outside.empty() && currentBorder->hosts.empty()) {
+    delete std::exchange(currentBorder, nullptr);
   }
 }
 
@@ -42,15 +42,15 @@ auto* found(const Map& map, Key key) {
 }  // namespace
 
 void forget(const Exposure& exposure) noexcept {
-  if (!current) return;
-  current->exposed.erase(exposure.object().get());
-  current->outside.erase(static_cast<const IDispatch*>(&exposure));
+  if (!currentBorder) return;
+  currentBorder->exposed.erase(exposure.object().get());
+  currentBorder->outside.erase(static_cast<const IDispatch*>(&exposure));
   dropIfEmpty();
 }
 
 void forget(const HostObject& object) noexcept {
-  if (!current) return;
-  current->hosts.erase(object.identity());
+  if (!currentBorder) return;
+  currentBorder->hosts.erase(object.identity());
   dropIfEmpty();
 }
 

@@ -6,7 +6,7 @@ namespace vmgv {
 namespace {
 
 // {6ADECCF2-62C6-4EA9-B6CF-F33AA16B2F5D}: the source interface.
-constexpr IID kSource = {0x6adeccf2, 0x62c6, 0x4ea9, {0xb6, 0xcf, 0xf3, 0x3a, 0xa1, 0x6b, 0x2f, 0x5d}};
+constexpr IID kEventsInterface = {0x6adeccf2, 0x62c6, 0x4ea9, {0xb6, 0xcf, 0xf3, 0x3a, 0xa1, 0x6b, 0x2f, 0x5d}};
 // {EFC48CF7-8B2D-467D-8E30-75D03AE905BD}: stands for every class that raises it.
 constexpr CLSID kClass = {0xefc48cf7, 0x8b2d, 0x467d, {0x8e, 0x30, 0x75, 0xd0, 0x3a, 0xe9, 0x05, 0xbd}};
 // {60422DFD-C9CC-43F2-804B-B275224CA032}: their library, which is in memory only.
@@ -64,7 +64,7 @@ ComPtr<ITypeInfo> makeClassInfo(const std::string& className) {
   check(library->SetName(const_cast<LPOLESTR>(L"vmGridViewsEvents")));
   ComPtr<ICreateTypeInfo> source, owner;
   check(library->CreateTypeInfo(const_cast<LPOLESTR>(L"ObjectEvents"), TKIND_DISPATCH, source.put()));
-  check(source->SetGuid(kSource));
+  check(source->SetGuid(kEventsInterface));
   check(source->SetTypeFlags(TYPEFLAG_FDISPATCHABLE));
   deriveFromDispatch(*source);
   addEvents(*source);
@@ -84,7 +84,7 @@ ComPtr<ITypeInfo> makeClassInfo(const std::string& className) {
 ExposedEvents::ExposedEvents(IUnknown& owner, Object& object)
     : owner_(owner),
       className_(object.typeName()),
-      point_(*this, kSource),
+      point_(*this, kEventsInterface),
       listening_(object.listen(*this)) {}
 
 HRESULT ExposedEvents::EnumConnectionPoints(IEnumConnectionPoints** points) {
@@ -94,7 +94,7 @@ HRESULT ExposedEvents::EnumConnectionPoints(IEnumConnectionPoints** points) {
 HRESULT ExposedEvents::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
   if (!point) return E_POINTER;
   *point = nullptr;
-  if (iid != kSource) return CONNECT_E_NOCONNECTION;
+  if (iid != kEventsInterface) return CONNECT_E_NOCONNECTION;
   *point = &point_;
   AddRef();
   return S_OK;

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "frontends/headless/natural_size.h"
-#include "frontends/headless/tab_order.h"
+#include "frontends/user/tab_order.h"
 #include "support/automation/error.h"
 
 namespace vmgv {

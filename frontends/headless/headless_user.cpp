@@ -2,7 +2,7 @@
 #include <filesystem>
 
 #include "frontends/headless/headless_desktop.h"
-#include "frontends/headless/tab_order.h"
+#include "frontends/user/tab_order.h"
 #include "support/automation/error.h"
 #include "support/forms/colour_field.h"
 #include "support/forms/page_preview.h"

@@ -7,12 +7,12 @@
 
 #include "frontends/qt/binding.h"
 #include "frontends/qt/painter_surface.h"
+#include "frontends/qt/units.h"
 #include "support/forms/page_places.h"
 
 namespace vmgv {
 namespace {
 
-constexpr double kPointsPerInch = 72;
 constexpr int kShadow = 3;       // pixels
 constexpr int kWheelStep = 120;  // an eighth of a degree each, of a wheel that clicks
 constexpr QSize kSmallest(320, 240);

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kSampledRows = 200;  // looked at for a column's first width
 constexpr int kWidestLetters = 36;
-constexpr int kPadding = 8;  // of a cell's text, at each side
+constexpr int kCellPadding = 8;  // of a cell's text, at each side
 
 // Says that what happens to the view meanwhile is not the user's doing.
 class Following {
@@ -216,7 +216,7 @@ int GridView::naturalWidth(int column) const {
   const QFontMetrics metrics = fontMetrics();
   const QFontMetrics header = horizontalHeader()->fontMetrics();
   const int mark = style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, horizontalHeader());
-  int width = header.horizontalAdvance(qt(engine()->column(column).caption)) + mark + kPadding;
+  int width = header.horizontalAdvance(qt(engine()->column(column).caption)) + mark + kCellPadding;
   const int rows = engine()->rowCount();
   const int step = std::max(1, rows / kSampledRows);
   for (int position = 1; position <= rows; position += step) {
@@ -224,7 +224,7 @@ int GridView::naturalWidth(int column) const {
     const QString text = qt(engine()->displayText(position, column));
     width = std::max(width, metrics.horizontalAdvance(text.left(kWidestLetters)));
   }
-  return std::min(width, kWidestLetters * metrics.averageCharWidth()) + 2 * kPadding;
+  return std::min(width, kWidestLetters * metrics.averageCharWidth()) + 2 * kCellPadding;
 }
 
 void GridView::showSelection() {

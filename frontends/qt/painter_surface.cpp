@@ -8,8 +8,6 @@
 namespace vmgv {
 namespace {
 
-constexpr double kPointsPerInch = 72;
-
 QRectF qtRect(const PageRect& rect) { return {rect.left, rect.top, rect.width, rect.height}; }
 
 }  // namespace

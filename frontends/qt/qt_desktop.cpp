@@ -15,13 +15,13 @@
 #include "frontends/qt/colour.h"
 #include "frontends/qt/form_window.h"
 #include "support/automation/error.h"
+#include "support/frame/services.h"
 
 namespace vmgv {
 namespace {
 
 constexpr int kAlreadyShown = 400;
 constexpr std::chrono::milliseconds kPumpInterval{50};
-constexpr const char* kApplicationTitle = "vmGridViews";
 
 QMessageBox::Icon icon(MessageStyle style) {
   switch (style) {

@@ -10,13 +10,14 @@
 #include "adapters/pdf/pdf_fonts.h"
 #include "adapters/pdf/pdf_job.h"
 #include "frontends/qt/painter_surface.h"
+#include "frontends/qt/units.h"
 #include "support/automation/error.h"
 
 namespace vmgv {
 namespace {
 
 constexpr int kPrinterError = 482;
-constexpr double kPointsPerInch = 72, kMillimetresPerInch = 25.4;
+constexpr double kMillimetresPerInch = 25.4;
 
 // In millimetres, for Qt has whole points alone.
 QPageLayout layoutOf(const PageSetup& setup) {

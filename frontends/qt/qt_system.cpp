@@ -20,8 +20,6 @@
 namespace vmgv {
 namespace {
 
-constexpr double kPointsPerInch = 72;
-
 LogicalFont logicalFont(const QFont& font, int pixelsPerInch) {
   const QFontInfo real(font);
   LogicalFont logical;

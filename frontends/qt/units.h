@@ -14,6 +14,8 @@
 
 namespace vmgv {
 
+inline constexpr double kPointsPerInch = 72;
+
 // Pixels are Qt's device-independent ones, so that a screen's scale needs no thought here.
 class Units {
  public:

@@ -13,13 +13,13 @@
 #include "frontends/win32/paint.h"
 #include "frontends/win32/scopes.h"
 #include "frontends/win32/surface.h"
+#include "frontends/win32/units.h"
 #include "support/forms/page_places.h"
 
 namespace vmgv {
 namespace {
 
 constexpr const wchar_t* kClass = L"vmGridViews.pages";
-constexpr double kPointsPerInch = 72;
 constexpr int kShadow = 3,
               kStep = 24;  // pixels of a usual monitor: the shadow, and what an arrow key scrolls
 constexpr LONG kMostPixels = 24 * 1024 * 1024;  // of a page that is kept

@@ -5,11 +5,11 @@
 #include <string_view>
 
 #include "frontends/com/text.h"
+#include "frontends/win32/units.h"
 
 namespace vmgv {
 namespace {
 
-constexpr int kPointsPerInch = 72;
 constexpr std::wstring_view kLetters = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "frontends/com/text.h"
-#include "frontends/headless/tab_order.h"
+#include "frontends/user/tab_order.h"
 #include "frontends/win32/keys.h"
 #include "frontends/win32/scopes.h"
 #include "support/automation/error.h"

@@ -4,12 +4,12 @@
 
 #include "frontends/com/text.h"
 #include "frontends/win32/gdi_page.h"
+#include "frontends/win32/units.h"
 #include "support/automation/error.h"
 
 namespace vmgv {
 namespace {
 
-constexpr double kPointsPerInch = 72;
 
 class GdiJob final : public PrintJob {
  public:

@@ -8,6 +8,7 @@
 namespace vmgv {
 
 constexpr int kUsualDpi = 96;
+constexpr double kPointsPerInch = 72;
 
 class Units {
  public:

@@ -14,13 +14,13 @@
 #include "frontends/win32/scopes.h"
 #include "frontends/win32/surface.h"
 #include "support/automation/error.h"
+#include "support/frame/services.h"
 
 namespace vmgv {
 namespace {
 
 constexpr int kAlreadyShown = 400;
 constexpr std::chrono::milliseconds kPumpInterval{50};
-constexpr const char* kApplicationTitle = "vmGridViews";
 constexpr std::size_t kLongestPath = 32767;
 
 // "name", "patterns" and so on, each ended by a zero, the whole by one more.

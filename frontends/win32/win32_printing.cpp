@@ -11,12 +11,13 @@
 
 #include "frontends/com/text.h"
 #include "frontends/win32/print_job.h"
+#include "frontends/win32/units.h"
 #include "support/automation/error.h"
 
 namespace vmgv {
 namespace {
 
-constexpr double kPointsPerInch = 72, kTenthsOfMillimetre = 254 / kPointsPerInch,
+constexpr double kTenthsOfMillimetre = 254 / kPointsPerInch,
                  kHundredthsOfMillimetre = 2540 / kPointsPerInch;  // a point
 constexpr const wchar_t* kPdfPrinter = L"Microsoft Print to PDF";
 

@@ -4,11 +4,10 @@
 #include <cmath>
 
 #include "frontends/com/text.h"
+#include "frontends/win32/units.h"
 
 namespace vmgv {
 namespace {
-
-constexpr double kPointsPerInch = 72;
 
 // Some stand for those of the desktop.
 COLORREF shownColour(std::int32_t colour) noexcept {

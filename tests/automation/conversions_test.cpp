@@ -5,21 +5,11 @@
 #include <limits>
 
 #include "support/automation/convert.h"
-#include "support/automation/error.h"
 #include "support/text/json.h"
+#include "tests/automation/error_number.h"
 
 namespace vmgv {
 namespace {
-
-int errorNumber(auto&& call) {
-  try {
-    call();
-  } catch (const Error& error) {
-    EXPECT_STRNE(error.description(), "");
-    return error.number();
-  }
-  return 0;
-}
 
 Decimal decimal(const char* text) { return Decimal::fromText(text).value(); }
 

@@ -3,6 +3,7 @@
 
 #include "support/automation/class_table.h"
 #include "support/automation/convert.h"
+#include "tests/automation/error_number.h"
 
 namespace vmgv {
 namespace {
@@ -45,15 +46,6 @@ class List final : public Exposed<List> {
   }
   std::string written;
 };
-
-int errorNumber(auto&& call) {
-  try {
-    call();
-  } catch (const Error& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 TEST(LateBinding, NamesIgnoreCaseAndCallSitesFollowTheClass) {
   const ObjectRef item = makeObject<Item>(4);

@@ -16,7 +16,7 @@ FakeGrid groupedGrid() {
   return grid;
 }
 
-std::string levels(DialogFixture& f) {
+std::string groupLevels(DialogFixture& f) {
   std::string shown;
   for (int level = 0; level < 3; ++level) {
     const std::string number = std::to_string(level);
@@ -62,7 +62,7 @@ TEST(GroupByDialog, ShowsTheGroupsOrNothing) {
       EXPECT_TRUE(f.messages().empty());
       continue;
     }
-    f.show("ShowGroups", {[&] { EXPECT_EQ(levels(f), c.levels); }, f.click("cmdCancel")});
+    f.show("ShowGroups", {[&] { EXPECT_EQ(groupLevels(f), c.levels); }, f.click("cmdCancel")});
   }
   DialogFixture sameCaptions(groupedGrid());
   sameCaptions.grid.columns[1].caption = "C3";

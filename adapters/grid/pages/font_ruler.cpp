@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view kEllipsis = "…";
 constexpr char32_t kEllipsisCharacter = U'…', kReplacement = U'\uFFFD';
-constexpr double kRounding = 0.01;  // a room is often made to measure
+constexpr double kMadeToMeasure = 0.01;  // a room is often made to measure
 
 char32_t take(std::string_view& text) {
   const auto byte = static_cast<unsigned char>(text.front());
@@ -43,7 +43,7 @@ double FontRuler::width(std::string_view text) const {
 }
 
 double FontRuler::fit(std::string& text, double room) const {
-  room += kRounding;
+  room += kMadeToMeasure;
   const double ellipsis = advance(kEllipsisCharacter);
   std::string_view rest = text;
   std::size_t kept = 0;  // bytes that leave room for the ellipsis

@@ -7,14 +7,14 @@ namespace vmgv {
 namespace {
 
 constexpr double kFirstShare = 0.5;  // of a page that the repeated first column takes at most
-constexpr double kRounding = 1e-6;
+constexpr double kWidthRounding = 1e-6;
 constexpr int kScaleSteps = 20;  // that are tried between no shrinking and none of the size left
 
 std::vector<PageBand> cutIntoBands(const std::vector<PageColumn>& columns, double scale, double room) {
   std::vector<PageBand> bands;
   double left = 0;
   for (const PageColumn& column : columns) {
-    if (bands.empty() || column.width * scale > left + kRounding) {
+    if (bands.empty() || column.width * scale > left + kWidthRounding) {
       bands.emplace_back();
       left = room;
       if (bands.size() > 1) {
@@ -38,7 +38,7 @@ double widthOf(const PageBand& band) noexcept {
 
 PageBands fitColumns(std::vector<PageColumn> columns, double room, double leastScale, bool fill) {
   const double natural = widthOf(columns);
-  if (natural * leastScale <= room + kRounding) {
+  if (natural * leastScale <= room + kWidthRounding) {
     const double fitting = natural > 0 ? room / natural : 1;
     const double stretch = fill ? fitting : std::min(fitting, 1.0);
     for (PageColumn& column : columns) column.width *= stretch;

@@ -3,7 +3,7 @@
 namespace vmgv {
 namespace {
 
-constexpr double kRounding = 1e-6;
+constexpr double kHeightRounding = 1e-6;
 constexpr double kLeadersShare = 0.5;  // of a page that headers without their first row may take
 
 class Breaker {
@@ -28,7 +28,7 @@ class Breaker {
   }
 
  private:
-  bool fits(double height) const { return height <= left_ + kRounding; }
+  bool fits(double height) const { return height <= left_ + kHeightRounding; }
   void take(double height) {
     left_ -= height;
     ++held_;
@@ -44,7 +44,7 @@ class Breaker {
     const bool alone = leaders_ == held_ || leadersHeight_ > rooms_.further * kLeadersShare;
     const std::int32_t leaders = alone ? 0 : leaders_;
     const double needed = whole + (alone ? 0 : leadersHeight_);
-    if (held_ == 0 || needed > rooms_.further + kRounding) return;
+    if (held_ == 0 || needed > rooms_.further + kHeightRounding) return;
     startPage({row - leaders, 0});
     held_ = leaders;
     left_ -= needed - whole;

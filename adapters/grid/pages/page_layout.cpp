@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kLeastRoom = 72;           // an inch
 constexpr double kPointsPerPixel = 0.75;    // of a column's width, at 96 pixels an inch
-constexpr double kReadable = 6.5;           // the least size of a font that is made to fit
+constexpr double kReadableSize = 6.5;       // the least size of a font that is made to fit
 constexpr double kLargestShare = 1.0 / 12;  // of the area's height that the largest font may take
 constexpr double kLargestMarginFont = 10;
 constexpr double kWidestColumn = 20;       // in sizes of the font, where nobody has set a width
@@ -43,7 +43,7 @@ PageLayout::PageLayout(const GridEngine& engine, PageFonts& fonts, bool onlySele
   marginHeight_ = marginBold_->ruler.lineHeight() + kMarginGap;
 
   const double size = fonts_.of(engine.settings().font).font.size;
-  bands_ = fitColumns(naturalColumns(engine), area_.width, std::min(1.0, kReadable / size),
+  bands_ = fitColumns(naturalColumns(engine), area_.width, std::min(1.0, kReadableSize / size),
                       engine.settings().columnAutoResize);
   fonts_.scale = bands_.scale;
   measureHeights(engine);

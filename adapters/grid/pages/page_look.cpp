@@ -6,7 +6,7 @@
 namespace vmgv {
 namespace {
 
-constexpr double kReadable = 4.5;  // the contrast that the guidelines ask of text
+constexpr double kReadableContrast = 4.5;  // the contrast that the guidelines ask of text
 constexpr double kAlternateShade = 0.05, kTint = 0.8, kDarkening = 0.15;
 constexpr double kDark = 0.18;     // luminance of a mid grey
 constexpr double kColourful = 48;  // between the strongest and the weakest of red, green and blue
@@ -28,9 +28,9 @@ bool isColourful(PageColour colour) {
 
 // A hue is kept as far as it can be read.
 PageColour readable(PageColour ink, PageColour back) {
-  if (contrast(ink, back) >= kReadable) return ink;
+  if (contrast(ink, back) >= kReadableContrast) return ink;
   if (!isColourful(ink)) return PageLook::kText;
-  while (contrast(ink, back) < kReadable && ink != PageLook::kText) {
+  while (contrast(ink, back) < kReadableContrast && ink != PageLook::kText) {
     ink = mixed(ink, PageLook::kText, kDarkening);
   }
   return ink;

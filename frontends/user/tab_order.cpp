@@ -1,4 +1,4 @@
-#include "frontends/headless/tab_order.h"
+#include "frontends/user/tab_order.h"
 
 #include <algorithm>
 #include <vector>
