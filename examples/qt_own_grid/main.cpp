@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
   view.horizontalHeader()->setSectionsMovable(true);
   view.horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   view.setSortingEnabled(true);
-  view.resizeColumnsToContents();
+  view.horizontalHeader()->setDefaultSectionSize(120);
   view.resizeRowsToContents();
   window.setCentralWidget(&view);
 
