@@ -1,6 +1,6 @@
-"""doxygen_comments.py FILE: a header with the house's plain comments marked as Doxygen wants them, or a page with its
-names as references.
-doxygen_comments.py --check FOLDER: fails where a header, or a class in it, has no description.
+"""doxygen_comments.py HEADERS PAGE OUT: writes the headers below HEADERS to OUT, with the house's plain comments marked
+as Doxygen wants them, and PAGE with its names as references. Fails where a header, or a class in it, has no
+description.
 
 What stands before a declaration or behind it on its line becomes its description, the head of the file that of the file
 and of a class with the file's name. Lines that are indented within a comment are code or a table.
@@ -83,15 +83,14 @@ def marked(text, stem):
     return "\n".join(out), bare
 
 
-def read(path):
-    return marked(path.read_text(encoding="utf-8"), path.stem)
-
-
-path = pathlib.Path(sys.argv[1])
-if sys.argv[1] == "--check":
-    headers = sorted(pathlib.Path(sys.argv[2]).rglob("*.h"))
-    sys.exit("\n".join(f"{path.name}: no description of {each}" for path in headers for each in read(path)[1]) or None)
-if path.suffix == ".md":  # a name that is not there is an error
-    print(re.sub(r"\bvmgv(::\w+)+", r"@ref \g<0>", path.read_text(encoding="utf-8")))
-else:
-    print(read(path)[0])
+headers, page, out = (pathlib.Path(each) for each in sys.argv[1:])
+missing = []
+for header in sorted(headers.rglob("*.h")):
+    target = out / header.relative_to(headers)
+    target.parent.mkdir(parents=True, exist_ok=True)
+    text, bare = marked(header.read_text(encoding="utf-8"), header.stem)
+    target.write_text(text, encoding="utf-8")
+    missing += [f"{header.relative_to(headers)}: no description of {each}" for each in bare]
+names = re.sub(r"\bvmgv(::\w+)+", r"@ref \g<0>", page.read_text(encoding="utf-8"))  # one that is not there is an error
+(out / page.name).write_text(names, encoding="utf-8")
+sys.exit("\n".join(missing) or None)
