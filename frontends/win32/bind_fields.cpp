@@ -82,7 +82,8 @@ class ComboBinding final : public BindingOf<ComboBox> {
 
   // As wide as the longest entry, so that none is cut off in the open list.
   void widenList(const Units& units) {
-    const TextMeasure text(reinterpret_cast<HFONT>(send(WM_GETFONT)));
+    const MeasuringContext context;
+    const TextMeasure text(context, reinterpret_cast<HFONT>(send(WM_GETFONT)));
     LONG widest = 0;
     for (const std::string& entry : shown_) widest = std::max(widest, text.extent(wide(entry)).cx);
     const int scrollBar = GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(units.dpi()));

@@ -41,7 +41,8 @@ class ListBoxBinding final : public BindingOf<ListBox> {
     RECT place = draw.rcItem;
     place.left += GetSystemMetrics(SM_CXEDGE);
     std::wstring entry = wide(shown_[draw.itemID]);
-    std::replace_if(entry.begin(), entry.end(), [](wchar_t unit) { return unit < L' '; }, L' ');
+    std::replace_if(
+        entry.begin(), entry.end(), [](wchar_t unit) { return unit < L' '; }, L' ');
     DrawTextW(draw.hDC, entry.c_str(), static_cast<int>(entry.size()), &place,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     const bool focused = (draw.itemState & ODS_FOCUS) && !(draw.itemState & ODS_NOFOCUSRECT);
@@ -64,7 +65,8 @@ class ListBoxBinding final : public BindingOf<ListBox> {
     }
     if (selected() != control_.listIndex()) send(LB_SETCURSEL, static_cast<WPARAM>(control_.listIndex()));
     if (!control_.selectedColours()) return;
-    const TextMeasure text(reinterpret_cast<HFONT>(send(WM_GETFONT)));
+    const MeasuringContext context;
+    const TextMeasure text(context, reinterpret_cast<HFONT>(send(WM_GETFONT)));
     send(LB_SETITEMHEIGHT, 0, text.lineHeight());
     InvalidateRect(window(), nullptr, FALSE);
   }

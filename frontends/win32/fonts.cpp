@@ -36,26 +36,28 @@ HFONT FontBook::font(const Font& font, int dpi) {
   return made = CreateFontIndirectW(&wanted);
 }
 
-TextMeasure::TextMeasure(HFONT font) noexcept
-    : screen_(GetDC(nullptr)), before_(SelectObject(screen_, font)) {
+HDC FontBook::context() {
+  if (!context_) context_.emplace();
+  return *context_;
+}
+
+TextMeasure::TextMeasure(HDC context, HFONT font) noexcept
+    : context_(context), before_(SelectObject(context, font)) {
   TEXTMETRICW metrics{};
-  GetTextMetricsW(screen_, &metrics);
+  GetTextMetricsW(context_, &metrics);
   lineHeight_ = metrics.tmHeight;
   SIZE letters{};
   const auto count = static_cast<int>(kLetters.size());
-  GetTextExtentPoint32W(screen_, kLetters.data(), count, &letters);
+  GetTextExtentPoint32W(context_, kLetters.data(), count, &letters);
   averageWidth_ = (letters.cx + count / 2) / count;
 }
 
-TextMeasure::~TextMeasure() {
-  SelectObject(screen_, before_);
-  ReleaseDC(nullptr, screen_);
-}
+TextMeasure::~TextMeasure() { SelectObject(context_, before_); }
 
 SIZE TextMeasure::extent(const std::wstring& text) const noexcept {
   if (text.empty()) return {0, lineHeight_};
   RECT box{};
-  DrawTextW(screen_, text.c_str(), static_cast<int>(text.size()), &box, DT_CALCRECT | DT_NOPREFIX);
+  DrawTextW(context_, text.c_str(), static_cast<int>(text.size()), &box, DT_CALCRECT | DT_NOPREFIX);
   return {box.right, box.bottom};
 }
 

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <map>
+#include <optional>
 #include <string>
 #include <tuple>
 
@@ -11,7 +12,20 @@
 
 namespace vmgv {
 
-// Makes each font once for each density and keeps it.
+// Of the screen's kind, to measure text in. The system asks for its monitors whenever one is made.
+class MeasuringContext {
+ public:
+  MeasuringContext() noexcept : context_(CreateCompatibleDC(nullptr)) {}
+  MeasuringContext(const MeasuringContext&) = delete;
+  MeasuringContext& operator=(const MeasuringContext&) = delete;
+  ~MeasuringContext() { DeleteDC(context_); }
+  operator HDC() const noexcept { return context_; }
+
+ private:
+  HDC context_;
+};
+
+// Makes each font once for each density and keeps it, and what text is measured with.
 class FontBook {
  public:
   FontBook() = default;
@@ -20,17 +34,19 @@ class FontBook {
   ~FontBook();
 
   HFONT font(const Font& font, int dpi);
+  HDC context();
 
  private:
   // Name, height in pixels, bold, italic, underline, strikethrough, character set.
   using Kind = std::tuple<std::string, int, bool, bool, bool, bool, int>;
   std::map<Kind, HFONT> fonts_;
+  std::optional<MeasuringContext> context_;
 };
 
-// A font on the screen, to measure text with.
+// A font in a device context, which outlives it, to measure text with.
 class TextMeasure {
  public:
-  explicit TextMeasure(HFONT font) noexcept;
+  TextMeasure(HDC context, HFONT font) noexcept;
   TextMeasure(const TextMeasure&) = delete;
   TextMeasure& operator=(const TextMeasure&) = delete;
   ~TextMeasure();
@@ -42,7 +58,7 @@ class TextMeasure {
   SIZE extent(const std::wstring& text) const noexcept;
 
  private:
-  HDC screen_;
+  HDC context_;
   HGDIOBJ before_;
   int lineHeight_ = 0, averageWidth_ = 0;
 };

@@ -28,7 +28,7 @@ constexpr int kIndicatorSlack = 4;  // for the rectangle that marks the focus
 class Measure final : public ControlVisitor {
  public:
   Measure(const Font& font, FontBook& fonts, const Units& units)
-      : units_(units), text_(fonts.font(font, units.dpi())) {}
+      : units_(units), text_(fonts.context(), fonts.font(font, units.dpi())) {}
 
   SIZE size() const { return size_; }
 
@@ -110,7 +110,7 @@ SIZE naturalPixels(const Control& control, FontBook& fonts, const Units& units) 
 
 Insets naturalInsets(const Container& container, FontBook& fonts, const Units& units) {
   if (!dynamic_cast<const Frame*>(&container)) return {};
-  const TextMeasure text(fonts.font(container.font(), units.dpi()));
+  const TextMeasure text(fonts.context(), fonts.font(container.font(), units.dpi()));
   const int border = kRule * units.twipsPerPixel();
   return {border, text.lineHeight() * units.twipsPerPixel(), border, border};
 }
