@@ -34,7 +34,7 @@ def install(prefix):
     for component in ["library", "development", "designer", "gridhost"]:
         run("cmake", "--install", BUILD, "--prefix", prefix, "--component", component)
     for file in ["share/man/man1/gridhost.1", "share/applications/gridhost.desktop", "share/vmGridViews/help/en/index.htm",
-                 "share/icons/hicolor/scalable/apps/gridhost.svg"]:
+                 "share/icons/hicolor/scalable/apps/gridhost.svg", "lib/qt6/plugins/designer/libvmGridViewsDesigner.so"]:
         assert os.path.exists(os.path.join(prefix, file)), file
 
 
