@@ -36,6 +36,7 @@ frmSummary::frmSummary(Services& services) : Dialog(services, "frmSummary", {}) 
   for (const Entry& entry : kEntries) {
     auto& button = form_.add<CommandButton>(entry.button, Frame1_);
     auto& label = form_.add<Label>(entry.label, Frame1_);
+    label.buddy = &button;
     button.onClick = actionOf(rows_.size());
     rows_.push_back({&button, &label});
     lines.push_back(row({item(button), item(label)}));

@@ -30,6 +30,7 @@ void frmViews::setCaptions() {
   caption(form_, Text::ImportViews);
   caption(*cmdCancel_, Text::Close);
   caption(*Label1_, Text::AvailableViews);
+  lstCatalogs_->setAccessibleName(form_.caption());
   lstViews_->setHeader(text(Text::Views));
   lstViews_->setAccessibleName(Label1_->caption());
   caption(*sMenu_, Text::Edit);

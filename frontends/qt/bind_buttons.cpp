@@ -25,6 +25,7 @@ class PushButton final : public QPushButton {
  protected:
   void paintEvent(QPaintEvent* event) override {
     QPushButton::paintEvent(event);
+    if (isDefault() && hasFocus()) paintFocus();
     if (picture == CommandButton::Picture::None) return;
     QStyleOption option;
     option.initFrom(this);
@@ -34,6 +35,17 @@ class PushButton final : public QPushButton {
     const bool up = picture == CommandButton::Picture::ArrowUp;
     QStylePainter(this).drawPrimitive(up ? QStyle::PE_IndicatorArrowUp : QStyle::PE_IndicatorArrowDown,
                                       option);
+  }
+
+ private:
+  // Some styles mark the default button as they mark the focus.
+  void paintFocus() {
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    QStyleOptionButton button;
+    initStyleOption(&button);
+    focus.rect = style()->subElementRect(QStyle::SE_PushButtonFocusRect, &button, this);
+    QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, focus);
   }
 };
 

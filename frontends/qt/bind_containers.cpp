@@ -2,7 +2,9 @@
 #include <QGroupBox>
 #include <QStyleOptionGroupBox>
 
+#include "frontends/qt/accessible_role.h"
 #include "frontends/qt/binding.h"
+#include "support/forms/status_bar.h"
 
 namespace vmgv {
 namespace {
@@ -36,7 +38,10 @@ class FrameBinding final : public BindingOf<Frame, GroupBox> {
 
 class PictureBinding final : public BindingOf<PictureBox, QWidget> {
  public:
-  PictureBinding(PictureBox& box, QWidget& parent) : BindingOf(box, parent) {}
+  PictureBinding(PictureBox& box, QWidget& parent) : BindingOf(box, parent) {
+    if (dynamic_cast<const Toolbar*>(&box)) setAccessibleRole(view_, QAccessible::ToolBar);
+    if (dynamic_cast<const StatusBar*>(&box)) setAccessibleRole(view_, QAccessible::StatusBar);
+  }
 
   QSize naturalSize() const override { return {0, 0}; }
 

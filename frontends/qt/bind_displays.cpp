@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QProgressBar>
 
+#include "frontends/qt/accessible_role.h"
 #include "frontends/qt/binding.h"
 
 namespace vmgv {
@@ -20,6 +21,7 @@ class LabelBinding final : public BindingOf<Label, QLabel> {
   void followContent() override {
     const std::string& caption = control_.caption();
     view_.setText(control_.buddy ? plainCaption(caption) : qt(caption));
+    view_.setAccessibleName(qt(caption).simplified());
   }
 };
 
@@ -27,6 +29,7 @@ class LineBinding final : public BindingOf<Line, QFrame> {
  public:
   LineBinding(Line& line, QWidget& parent) : BindingOf(line, parent) {
     view_.setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    setAccessibleRole(view_, QAccessible::Separator);
   }
 
  protected:

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QListView>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QStyleOptionViewItem>
@@ -38,7 +39,7 @@ class Entries final : public QStringListModel {
 };
 
 // A view marks its first entry as the current one when the focus comes in; the Down key would then begin at
-// the second.
+// the second. Without an entry to mark it would not show that it has the focus.
 template <class View>
 class ListWidget final : public View {
  public:
@@ -48,6 +49,13 @@ class ListWidget final : public View {
   void focusInEvent(QFocusEvent* event) override {
     View::focusInEvent(event);
     if (!this->selectionModel()->hasSelection()) this->selectionModel()->clearCurrentIndex();
+  }
+  void paintEvent(QPaintEvent* event) override {
+    View::paintEvent(event);
+    if (!this->hasFocus()) return;
+    QPainter painter(this->viewport());
+    painter.setPen(this->palette().color(QPalette::Highlight));
+    painter.drawRect(this->viewport()->rect().adjusted(0, 0, -1, -1));
   }
 };
 

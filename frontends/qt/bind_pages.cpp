@@ -5,6 +5,7 @@
 #include <QWheelEvent>
 #include <array>
 
+#include "frontends/qt/accessible_role.h"
 #include "frontends/qt/binding.h"
 #include "frontends/qt/painter_surface.h"
 #include "frontends/qt/units.h"
@@ -21,6 +22,7 @@ class PageView final : public QAbstractScrollArea {
  public:
   explicit PageView(QWidget* parent) : QAbstractScrollArea(parent) {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleRole(*this, QAccessible::Document);
     viewport()->setBackgroundRole(QPalette::Dark);
     viewport()->setAutoFillBackground(true);
   }
@@ -44,6 +46,15 @@ class PageView final : public QAbstractScrollArea {
   void resizeEvent(QResizeEvent* event) override {
     QAbstractScrollArea::resizeEvent(event);
     arrange();
+  }
+
+  void focusInEvent(QFocusEvent* event) override {
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+  }
+  void focusOutEvent(QFocusEvent* event) override {
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
   }
 
   void paintEvent(QPaintEvent*) override {

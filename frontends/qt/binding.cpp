@@ -45,7 +45,7 @@ class Binder final : public ControlVisitor {
 void Binding::follow(const Units& units) {
   widget_->setFont(qtFont(model_.font()));
   widget_->setToolTip(qt(model_.toolTip()).toHtmlEscaped());
-  widget_->setAccessibleName(qt(model_.accessibleName()));
+  widget_->setAccessibleName(qt(model_.accessibleName()).simplified());
   followContent();
   widget_->setGeometry(units.pixels(model_.rect()));
   widget_->setEnabled(model_.enabled());

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QTimer>
 #include <algorithm>
 
@@ -34,6 +35,9 @@ bool selectedSibling(const Control& control) {
          });
 }
 
+// A label beside a button does not name but describe it.
+bool namesItself(const Control& control) { return dynamic_cast<const CommandButton*>(&control); }
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, WindowPort& window, UserActs& acts, QWidget* parent)
@@ -56,13 +60,13 @@ FormWindow::FormWindow(Form& form, WindowPort& window, UserActs& acts, QWidget* 
   }
   for (const auto& control : form.controls()) {
     const auto* label = dynamic_cast<const Label*>(control.get());
-    if (label && label->buddy) {
+    if (label && label->buddy && !namesItself(*label->buddy)) {
       static_cast<QLabel&>(binding(*label).widget()).setBuddy(&binding(*label->buddy).widget());
     }
   }
   form.takeChanges();
   followForm();
-  for (const auto& control : form.controls()) binding(*control).follow(units_);
+  for (const auto& control : form.controls()) follow(*control);
   orderTabs();
 }
 
@@ -79,11 +83,19 @@ Control* FormWindow::focusedControl() const {
 void FormWindow::follow() {
   const Form::Changes changes = form_.takeChanges();
   if (changes.formChanged) followForm();
-  for (const Control* control : changes.controls) binding(*control).follow(units_);
+  for (const Control* control : changes.controls) follow(*control);
   focusWanted();
   if (!form_.isOpen()) {
     hide();
     loop_.quit();
+  }
+}
+
+void FormWindow::follow(const Control& control) {
+  binding(control).follow(units_);
+  const auto* label = dynamic_cast<const Label*>(&control);
+  if (label && label->buddy && namesItself(*label->buddy)) {
+    binding(*label->buddy).widget().setAccessibleDescription(qt(label->caption()));
   }
 }
 
@@ -164,6 +176,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::FocusIn: focusArrived(control); break;
     case QEvent::KeyPress: {
+      if (qobject_cast<const QMenuBar*>(watched)) break;  // a menu's Enter and Esc are its own
       const auto& key = static_cast<const QKeyEvent&>(*event);
       if (pressKey(&control, key) || discards(control, key)) return true;
       break;

@@ -40,6 +40,7 @@ class FormWindow final : public QDialog {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void follow(const Control& control);
   void followForm();
   void orderTabs();
   void focusFirst();

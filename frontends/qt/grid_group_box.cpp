@@ -66,6 +66,7 @@ QToolButton* GridGroupBox::button(std::size_t level) {
     made->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     made->setFocusPolicy(Qt::StrongFocus);
     made->installEventFilter(this);
+    setTabOrder(buttons_.empty() ? grid_ : buttons_.back(), made);
     connect(made, &QToolButton::clicked, this,
             [this, made] { reverseGroup(model_.engine(), columnOf(levelOf(made))); });
     buttons_.push_back(made);

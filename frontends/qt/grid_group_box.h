@@ -19,6 +19,7 @@ class GridGroupBox final : public QWidget {
   // Focus goes to `grid` where the user leaves the box.
   GridGroupBox(const GridModel& model, QWidget* grid, QWidget* parent);
 
+  QWidget* grid() const noexcept { return grid_; }
   void showGroups();
   int heightWanted() const;
   // False where nothing is grouped.

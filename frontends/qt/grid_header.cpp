@@ -41,13 +41,9 @@ void GridHeader::resizeEvent(QResizeEvent* event) {
 
 void GridHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
   QHeaderView::initStyleOptionForIndex(option, section);
-  for (const auto* keys : {&model_.engine().sortKeys(), &model_.engine().groups()}) {
-    for (const SortKey& key : *keys) {
-      if (key.colIndex != GridModel::columnOf(section)) continue;
-      option->sortIndicator =
-          key.sortOrder == kSortAscending ? QStyleOptionHeader::SortDown : QStyleOptionHeader::SortUp;
-    }
-  }
+  const int order = model_.sortOrder(GridModel::columnOf(section));
+  if (order == 0) return;
+  option->sortIndicator = order == kSortAscending ? QStyleOptionHeader::SortDown : QStyleOptionHeader::SortUp;
 }
 
 bool GridHeader::isHandle(int section, int x) const {

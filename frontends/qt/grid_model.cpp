@@ -99,10 +99,10 @@ QString GridModel::reasons(const DisplayRow& row) const {
 }
 
 QString GridModel::accessibleText(const DisplayRow& row, int position, int column) const {
+  if (row.rowType == kGroupHeaderRow) return qt(engine_->groupText(row));
   QString text = qt(engine_->displayText(position, column));
   if (row.rowType == kRecordRow) return gridtexts::marked(text, engine_->reasonsOf(row));
   if (text.isEmpty()) return text;
-  if (row.rowType == kGroupHeaderRow) return gridtexts::header(text, engine_->isExpanded(row));
   const QString caption = qt(engine_->column(column).caption);
   return engine_->isSummed(column)
              ? gridtexts::sum(caption, text)
@@ -124,8 +124,24 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     case Qt::DisplayRole: return qt(engine_->column(columnOf(section)).caption);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(qtAlignment(engine_->alignment(columnOf(section))));
+    case Qt::AccessibleTextRole: return accessibleHeader(columnOf(section));
     default: return {};
   }
+}
+
+QString GridModel::accessibleHeader(int column) const {
+  const QString caption = qt(engine_->column(column).caption);
+  const int order = sortOrder(column);
+  return order == 0 ? caption : gridtexts::sorted(caption, order == kSortAscending);
+}
+
+int GridModel::sortOrder(int column) const {
+  for (const auto* keys : {&engine_->sortKeys(), &engine_->groups()}) {
+    for (const SortKey& key : *keys) {
+      if (key.colIndex == column) return key.sortOrder;
+    }
+  }
+  return 0;
 }
 
 std::vector<std::string> GridModel::engineFields() const {

@@ -37,6 +37,7 @@ class GridModel final : public QAbstractTableModel {
   void multiData(const QModelIndex& index, QModelRoleDataSpan roles) const override;
   // Why a row looks as it does, as rich text; "" where no condition matches.
   QString reasons(const DisplayRow& row) const;
+  int sortOrder(int column) const;  // as a key or a group; 0: neither
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
@@ -44,6 +45,7 @@ class GridModel final : public QAbstractTableModel {
   QVariant rowData(const DisplayRow& row, int position, int column, int role) const;
   QVariant styleData(const DisplayRow& row, int role) const;
   QString accessibleText(const DisplayRow& row, int position, int column) const;
+  QString accessibleHeader(int column) const;
   QString preview(const DisplayRow& row, int column) const;
   std::vector<std::string> engineFields() const;
 

@@ -21,9 +21,10 @@ QString groupedBy(const QString& caption, bool ascending) {
       .arg(caption);
 }
 
-QString header(const QString& text, bool expanded) {
-  return (expanded ? inLanguage("%1, expanded", "%1, ανοιχτή") : inLanguage("%1, collapsed", "%1, κλειστή"))
-      .arg(text);
+QString sorted(const QString& caption, bool ascending) {
+  return (ascending ? inLanguage("%1, sorted ascending", "%1, ταξινόμηση αύξουσα")
+                    : inLanguage("%1, sorted descending", "%1, ταξινόμηση φθίνουσα"))
+      .arg(caption);
 }
 
 QString sum(const QString& caption, const QString& value) {

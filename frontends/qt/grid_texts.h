@@ -9,7 +9,7 @@ namespace vmgv::gridtexts {
 
 QString groupBox();
 QString groupedBy(const QString& caption, bool ascending);
-QString header(const QString& text, bool expanded);
+QString sorted(const QString& caption, bool ascending);
 QString sum(const QString& caption, const QString& value);
 QString count(const QString& caption, const QString& value);
 // A cell's text with the conditions that match its row, so that colour is not the only sign of them.

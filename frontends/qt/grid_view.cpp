@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "adapters/grid/saved_view.h"
+#include "frontends/qt/grid_accessible.h"
 #include "frontends/qt/grid_header.h"
 #include "frontends/qt/grid_rows.h"
 #include "frontends/qt/item_model_source.h"
@@ -33,10 +34,16 @@ class Following {
   bool before_;
 };
 
+// Before any part of the view is made: Qt keeps what it was told of one first.
+GridModel* makeModel(GridView* view) {
+  installGridAccessibility();
+  return new GridModel(view);
+}
+
 }  // namespace
 
 GridView::GridView(QWidget* parent)
-    : QTableView(parent), model_(new GridModel(this)), header_(new GridHeader(*model_, this)) {
+    : QTableView(parent), model_(makeModel(this)), header_(new GridHeader(*model_, this)) {
   QTableView::setModel(model_);
   setHorizontalHeader(header_);
   setItemDelegate(new GridDelegate(*model_, this));

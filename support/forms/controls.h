@@ -101,7 +101,8 @@ class Label final : public ControlOf<Label> {  // text that names what stands be
  public:
   static constexpr std::string_view kTypeName = "Label";
   using ControlOf::ControlOf;
-  // The control that the label names, for mnemonics and assistive technology.
+  // The control that the label names, or describes where it has a caption of its own; for mnemonics and
+  // assistive technology.
   Control* buddy = nullptr;
 };
 
