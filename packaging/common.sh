@@ -12,6 +12,8 @@ windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw
                   mingw-w64-tools libwine-dev fp-utils nsis  # type libraries, compiled help, the installer
                   wine wine64 fonts-wine fonts-liberation xvfb x11-utils)
 
+debian_packages=(dpkg-dev file lintian)
+
 say() { printf '== %s\n' "$*"; }
 
 die() {
