@@ -74,9 +74,11 @@ def check_usage(block):
         if not words:
             continue
         for word in (word.replace("\\", "/") for word in words):
+            if word.removeprefix("./").startswith("build/"):
+                continue
             if word.startswith("./") and not os.access(sources / word, os.X_OK):
                 yield f"there is no program {word}"
-            elif re.fullmatch(r"[\w.-]+(/[\w.-]+)+", word) and not word.startswith("build/"):
+            elif re.fullmatch(r"[\w.-]+(/[\w.-]+)+", word):
                 if not (sources / word).exists():
                     yield f"there is no {word}"
         for preset in re.findall(r"--preset (\w+)", line):
