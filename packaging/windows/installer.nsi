@@ -58,14 +58,12 @@ VIAddVersionKey LegalCopyright "vmGridViews contributors, MIT licence"
 !define MUI_ICON ${__FILEDIR__}/../../hosts/gridhost/gridhost.ico
 !define MUI_UNICON ${MUI_ICON}
 !define MUI_ABORTWARNING
-!define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)$\r$\n$\r$\n$ScopeText"
-!define MUI_COMPONENTSPAGE_SMALLDESC
+!define MUI_COMPONENTSPAGE_NODESC
+!define MUI_COMPONENTSPAGE_TEXT_TOP "$ScopeText $(ChooseWidth)"
 !define MUI_PAGE_CUSTOMFUNCTION_LEAVE requireWidth
-!insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
-!insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
@@ -247,7 +245,7 @@ Function requireWidth
   !ifndef ONLY32
     ${IfNot} ${SectionIsSelected} ${SectionX64}
     ${AndIfNot} ${SectionIsSelected} ${SectionX86}
-      MessageBox MB_OK|MB_ICONEXCLAMATION $(NoWidth)
+      MessageBox MB_OK|MB_ICONEXCLAMATION $(ChooseWidth)
       Abort
     ${EndIf}
   !endif

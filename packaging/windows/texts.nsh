@@ -4,18 +4,15 @@
   LangString ${NAME} ${LANG_GREEK} `${GREEK}`
 !macroend
 
-!insertmacro Text WelcomeText \
-  "vmGridViews lets the users of a program reshape its data grid: sort and group the rows, choose columns, colour rows by rules, print and export. Programs reach it by COM; gridhost shows all of it on a table of your own." \
-  "Με το vmGridViews οι χρήστες μιας εφαρμογής διαμορφώνουν το πλέγμα δεδομένων της: ταξινομούν και ομαδοποιούν τις γραμμές, επιλέγουν στήλες, χρωματίζουν γραμμές με κανόνες, εκτυπώνουν και εξάγουν. Οι εφαρμογές το βρίσκουν μέσω COM· το gridhost τα δείχνει όλα σε έναν δικό σας πίνακα."
 !insertmacro Text ForMachine \
-  "It will be there for all users of this computer." \
-  "Θα είναι διαθέσιμο σε όλους τους χρήστες του υπολογιστή."
+  "vmGridViews will be there for all users of this computer." \
+  "Το vmGridViews θα είναι διαθέσιμο σε όλους τους χρήστες του υπολογιστή."
 !insertmacro Text ForUser \
-  "It will be there for you alone. To install it for all users of this computer, start the installer as an administrator." \
-  "Θα είναι διαθέσιμο μόνο σε εσάς. Για όλους τους χρήστες του υπολογιστή, ξεκινήστε την εγκατάσταση ως διαχειριστής."
+  "vmGridViews will be there for you alone. To install it for all users of this computer, start the installer as an administrator." \
+  "Το vmGridViews θα είναι διαθέσιμο μόνο σε εσάς. Για όλους τους χρήστες του υπολογιστή, ξεκινήστε την εγκατάσταση ως διαχειριστής."
 !insertmacro Text Bits64 "For programs of 64 bits" "Για εφαρμογές 64 bit"
 !insertmacro Text Bits32 "For programs of 32 bits" "Για εφαρμογές 32 bit"
-!insertmacro Text NoWidth \
+!insertmacro Text ChooseWidth \
   "Choose the programs that vmGridViews is to serve." \
   "Επιλέξτε ποιες εφαρμογές θα εξυπηρετεί το vmGridViews."
 !insertmacro Text InUse \
