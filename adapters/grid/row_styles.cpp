@@ -106,9 +106,4 @@ RecordSet RowStyles::matchingRecords(std::size_t condition) {
   return rules_[condition].comparison.matchingRecords(cells_[rules_[condition].column]);
 }
 
-std::int32_t inkOn(std::int32_t backColor) noexcept {
-  const std::int32_t red = backColor & 0xFF, green = backColor >> 8 & 0xFF, blue = backColor >> 16 & 0xFF;
-  return red * 299 + green * 587 + blue * 114 >= 128000 ? 0x000000 : 0xFFFFFF;
-}
-
 }  // namespace vmgv

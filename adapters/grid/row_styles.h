@@ -81,8 +81,6 @@ class RowStyles {
       shown_;  // the record that style_ is of, and whether alternate
 };
 
-// Black or white: what is easier to read on a colour that is no system colour.
-std::int32_t inkOn(std::int32_t backColor) noexcept;
 inline bool isSystemColor(std::int32_t color) noexcept { return color < 0; }
 
 }  // namespace vmgv

@@ -139,7 +139,7 @@ class ListBoxBinding final : public ListBinding<ListBox, QListView> {
     const QColor back = qtColour(control_.selectedColours()->back, palette);
     const QColor fore = qtColour(control_.selectedColours()->fore, palette);
     palette.setColor(QPalette::Highlight, back);
-    palette.setColor(QPalette::HighlightedText, fore);
+    palette.setColor(QPalette::HighlightedText, readable(fore, back));
     view().setPalette(palette);
   }
 };

@@ -13,8 +13,8 @@ namespace {
 
 using Picture = ToolButton::Picture;
 
-constexpr float kTint = 0.3f;  // of the selection's colour, over a button that is on
-constexpr qreal kFaint = 0.4;  // of the colour of a sign that nobody has set
+constexpr float kTint = 0.3f;   // of the selection's colour, over a button that is on
+constexpr qreal kFaint = 0.65;  // of the colour of a sign that nobody has set
 
 QFont letterFont(const QFont& font, Picture picture) {
   QFont letter(font);

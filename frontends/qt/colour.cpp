@@ -1,5 +1,7 @@
 #include "frontends/qt/colour.h"
 
+#include "adapters/grid/contrast.h"
+
 namespace vmgv {
 namespace {
 
@@ -30,5 +32,13 @@ QColor qtColour(Colour colour, const QPalette& palette) {
 }
 
 Colour formColour(const QColor& colour) { return colourOf(colour.red(), colour.green(), colour.blue()); }
+
+QColor readable(const QColor& ink, const QColor& back) {
+  return qtColour(readableOn(formColour(ink), formColour(back)), {});
+}
+
+QColor selectedInk(const QPalette& palette, QPalette::ColorGroup group) {
+  return readable(palette.color(group, QPalette::HighlightedText), palette.color(group, QPalette::Highlight));
+}
 
 }  // namespace vmgv

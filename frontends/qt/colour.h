@@ -12,4 +12,9 @@ namespace vmgv {
 QColor qtColour(Colour colour, const QPalette& palette);
 Colour formColour(const QColor& colour);
 
+// `ink`, or else what can be read on the background: not every desktop sees to that.
+QColor readable(const QColor& ink, const QColor& back);
+// The text of what is selected.
+QColor selectedInk(const QPalette& palette, QPalette::ColorGroup group);
+
 }  // namespace vmgv

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "adapters/grid/user_acts.h"
+#include "frontends/qt/colour.h"
 #include "frontends/qt/grid_texts.h"
 #include "frontends/qt/units.h"
 
@@ -123,7 +124,7 @@ void GridGroupBox::paintEvent(QPaintEvent*) {
   const QString prompt = qt(model_.engine().settings().groupByBoxInfoText);
   if (shown_ == 0 && drop_ < 0) {
     const QRect room = rect().adjusted(2 * kGap, 0, -kGap, 0);
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(readable(palette().color(QPalette::WindowText), palette().color(backgroundRole())));
     painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,
                      fontMetrics().elidedText(prompt, Qt::ElideRight, room.width()));
   }

@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <algorithm>
 
+#include "adapters/grid/contrast.h"
 #include "frontends/qt/colour.h"
 #include "frontends/qt/units.h"
 
@@ -14,13 +15,13 @@ constexpr double kAlternateShade = 0.06;  // of the text's colour
 
 bool isDark(const QColor& color) { return qGray(color.rgb()) < 128; }
 
+}  // namespace
+
 QColor mixed(const QColor& color, const QColor& other, double share) {
   const auto part = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
   return {part(color.red(), other.red()), part(color.green(), other.green()),
           part(color.blue(), other.blue())};
 }
-
-}  // namespace
 
 void GridLook::follow(const GridEngine& engine) {
   const GridSettings& settings = engine.settings();

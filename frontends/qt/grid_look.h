@@ -11,6 +11,8 @@
 
 namespace vmgv {
 
+QColor mixed(const QColor& color, const QColor& other, double shareOfOther);
+
 class GridLook {
  public:
   explicit GridLook(const QWidget& view) : view_(view) {}

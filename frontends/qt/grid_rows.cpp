@@ -4,13 +4,15 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include "frontends/qt/colour.h"
 #include "frontends/qt/units.h"
 
 namespace vmgv {
 namespace {
 
-constexpr int kPadding = 8;  // above and below a line together, and at the sides of a preview
-constexpr int kIndent = 18;  // of each level of groups
+constexpr int kPadding = 8;         // above and below a line together, and at the sides of a preview
+constexpr double kSoftened = 0.25;  // of the ink of a preview, by its background
+constexpr int kIndent = 18;         // of each level of groups
 
 QPalette::ColorGroup colorGroup(const QTableView& view) {
   if (!view.isEnabled()) return QPalette::Disabled;
@@ -62,7 +64,7 @@ void paintHeader(QTableView& view, const GridModel& model, QPainter& painter, co
   QFont font = view.font();
   font.setBold(true);
   painter.setFont(font);
-  painter.setPen(palette.color(group, selected ? QPalette::HighlightedText : QPalette::ButtonText));
+  painter.setPen(selected ? selectedInk(palette, group) : palette.color(group, QPalette::ButtonText));
   const QRect room = rect.adjusted(branch.rect.right() + kPadding / 2, 0, -kPadding, 0);
   const QString text =
       painter.fontMetrics().elidedText(qt(model.engine().groupText(row)), Qt::ElideRight, room.width());
@@ -89,11 +91,12 @@ void paintPreview(QTableView& view, const GridModel& model, QPainter& painter, c
   const RowStyle& style = model.engine().styleOf(row);
   const QPalette& palette = view.palette();
   const auto group = colorGroup(view);
-  painter.fillRect(rect, selected ? palette.color(group, QPalette::Highlight) : model.look().back(style));
+  const QColor back = selected ? palette.color(group, QPalette::Highlight) : model.look().back(style);
+  painter.fillRect(rect, back);
   painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, palette.brush(group, QPalette::Mid));
-  QColor ink = selected ? palette.color(group, QPalette::HighlightedText) : model.look().ink(style);
-  if (!selected) ink.setAlphaF(0.75F);
-  painter.setPen(ink);
+  const QColor ink = selected ? selectedInk(palette, group) : model.look().ink(style);
+  const QColor softer = mixed(ink, back, kSoftened);
+  painter.setPen(readable(softer, back) == softer ? softer : ink);
   painter.setFont(model.look().font(style));
   const QRect room = rect.adjusted(2 * kPadding, 0, -kPadding, 0);
   drawLines(painter, room, qt(model.engine().previewText(row)), model.engine().previewLines());
@@ -114,6 +117,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   QStyleOptionViewItem cell = option;
   cell.rect.setHeight(std::min(cell.rect.height(), RowSizes::of(model_).line - 1));
   cell.font.setBold(cell.font.bold() || row.rowType == kGroupFooterRow);
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    cell.palette.setColor(group, QPalette::HighlightedText, selectedInk(cell.palette, group));
+  }
   QStyledItemDelegate::paint(painter, cell, index);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "adapters/grid/contrast.h"
 #include "frontends/com/text.h"
 #include "frontends/win32/units.h"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/grid/contrast.h"
 #include "frontends/com/text.h"
 #include "frontends/win32/surface.h"
 
@@ -27,6 +28,10 @@ void write(HDC context, const std::wstring& text, RECT room, UINT format) {
   DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &room, format);
 }
 
+COLORREF readable(COLORREF ink, COLORREF back) noexcept {
+  return static_cast<COLORREF>(readableOn(static_cast<std::int32_t>(ink), static_cast<std::int32_t>(back)));
+}
+
 // A selection that waits for the list to have the focus is paler.
 ListColours coloursOf(const RowStyle* style, const RowState& state) {
   ListColours own{GetSysColor(COLOR_BTNFACE), GetSysColor(COLOR_BTNTEXT)};
@@ -34,7 +39,14 @@ ListColours coloursOf(const RowStyle* style, const RowState& state) {
   const COLORREF mark = GetSysColor(COLOR_HIGHLIGHT);
   if (state.selected && state.active) return {mark, GetSysColor(COLOR_HIGHLIGHTTEXT)};
   const int share = state.selected ? kIdleShare : style && style->alternate ? kAlternateShare : 0;
-  return {mixed(mark, own.back, share), own.ink};
+  if (share == 0) return own;
+  const COLORREF back = mixed(mark, own.back, share);
+  return {back, readable(own.ink, back)};
+}
+
+COLORREF softened(const ListColours& colours) noexcept {
+  const COLORREF softer = mixed(colours.ink, colours.back, kPreviewShare);
+  return readable(softer, colours.back) == softer ? softer : colours.ink;
 }
 
 }  // namespace
@@ -77,8 +89,7 @@ void RowPainter::paint(const RECT& room, std::int32_t position, const RowState& 
   } else {
     cells(line, position, font, colours.back, state);
     if (line.bottom < own.bottom) {
-      preview({own.left, line.bottom, own.right, own.bottom}, row, font,
-              mixed(colours.ink, colours.back, kPreviewShare));
+      preview({own.left, line.bottom, own.right, own.bottom}, row, font, softened(colours));
     }
   }
   fill({own.left, own.bottom - 1, own.right, own.bottom}, mixed(colours.ink, colours.back, kRuleShare));

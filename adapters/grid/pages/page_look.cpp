@@ -1,25 +1,15 @@
 #include "adapters/grid/pages/page_look.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace vmgv {
 namespace {
 
-constexpr double kReadableContrast = 4.5;  // the contrast that the guidelines ask of text
 constexpr double kAlternateShade = 0.05, kTint = 0.8, kDarkening = 0.15;
 constexpr double kDark = 0.18;     // luminance of a mid grey
 constexpr double kColourful = 48;  // between the strongest and the weakest of red, green and blue
 
 int channel(PageColour colour, int shift) { return static_cast<int>(colour >> shift & 0xFF); }
-
-double luminance(PageColour colour) noexcept {
-  const auto linear = [colour](int shift) {
-    const double c = channel(colour, shift) / 255.0;
-    return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(16) + 0.7152 * linear(8) + 0.0722 * linear(0);
-}
 
 bool isColourful(PageColour colour) {
   const auto [least, most] = std::minmax({channel(colour, 16), channel(colour, 8), channel(colour, 0)});
@@ -67,11 +57,6 @@ PageColour mixed(PageColour colour, PageColour other, double shareOfOther) noexc
     result |= static_cast<PageColour>(between) << shift;
   }
   return result;
-}
-
-double contrast(PageColour a, PageColour b) noexcept {
-  const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
-  return (lighter + 0.05) / (darker + 0.05);
 }
 
 PageLook::PageLook(const GridSettings& settings, bool translate)

@@ -1,6 +1,7 @@
 // The colours of rows on paper.
 #pragma once
 
+#include "adapters/grid/contrast.h"
 #include "adapters/grid/row_styles.h"
 #include "support/pages/page_surface.h"
 
@@ -24,7 +25,5 @@ class PageLook {
 };
 
 PageColour mixed(PageColour colour, PageColour other, double shareOfOther) noexcept;
-// Of luminance, 1 to 21, as the Web Content Accessibility Guidelines 2.1 define it.
-double contrast(PageColour a, PageColour b) noexcept;
 
 }  // namespace vmgv
