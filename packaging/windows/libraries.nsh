@@ -52,12 +52,12 @@ FunctionEnd
 
 ; $2 becomes the file that is registered for the width's $ProgId, or "".
 Function ${un}findRegistered
+  ReadRegStr $1 SHCTX "Software\Classes\$ProgId\CLSID" ""  ; both widths share it
   !ifndef ONLY32
     ${If} $Width == x86
       SetRegView 32
     ${EndIf}
   !endif
-  ReadRegStr $1 SHCTX "Software\Classes\$ProgId\CLSID" ""
   ReadRegStr $2 SHCTX "Software\Classes\CLSID\$1\InprocServer32" ""
   SetRegView ${VIEW}
 FunctionEnd

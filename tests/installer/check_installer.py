@@ -84,12 +84,12 @@ def register(folder, *switches):
                 wine(rf"C:\windows\{system}\regsvr32.exe", "/s", *switches, rf"{folder}\{width}\{library}.dll")
 
 
-def run_host():
+def run_host(says="done"):
     """A script serves itself from the installed libraries, of both widths where both run."""
     for system in ("system32", "syswow64"):
         if (C / "windows" / system / "cscript.exe").exists():
             host = wine(rf"C:\windows\{system}\cscript.exe", "//nologo", windows_path(HERE / "host.vbs"))
-            require(host.stdout.read().strip() == "done", f"the host of {system} does not come through")
+            require(host.stdout.read().strip() == says, f"the host of {system} does not come through")
 
 
 def expect_refusals(setup, keep_in_use):
@@ -115,7 +115,8 @@ def main():
     shutil.rmtree(work, ignore_errors=True)
     if PREFIX.exists() and any("vmGridViews" in line for line in state()):
         (PREFIX / "ready").unlink()  # a run was broken off: wine-run makes the prefix anew
-    wine("cscript", "//nologo", windows_path(HERE / "host.vbs"))  # at its first run it makes entries of its own
+    wine("cmd", "/c", "ver")  # makes the prefix
+    run_host(says="")  # at their first run the script hosts make entries of their own
     wine("reg", "add", COMMON, "/v", "other", "/d", "of another product", "/f")
     bare = state()
 
@@ -123,8 +124,9 @@ def main():
     new = pack(work / f"new/vmGridViews-{version}", version)
     setup = windows_path(f"{new}-win64-setup.exe")
 
-    # For the user alone. Wine creates no objects from there, and keeps the type libraries among the machine's.
-    wine(setup, "/S", "/CurrentUser")
+    # For the user alone. There Wine has one place for both widths, creates no objects from it, and keeps the type libraries
+    # among the machine's.
+    wine(setup, "/S", "/CurrentUser", "/Bits=64")
     library = r"C:\users\root\AppData\Local\Programs\vmGridViews\x64\vmGridViews.dll".replace("\\", "\\\\")
     require(any(line.startswith("user.reg [Software\\\\Classes") and library in line for line in state()),
             "not registered for the user")
