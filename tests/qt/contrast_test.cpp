@@ -4,10 +4,12 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QToolButton>
 #include <algorithm>
 #include <map>
+#include <memory>
 
 #include "adapters/grid/contrast.h"
 #include "frontends/qt/grid_header.h"
@@ -29,8 +31,7 @@ struct Trips final : RowSource {
 };
 
 QPalette paletteOf(bool dark) {
-  QPalette light = QStyleFactory::create("Fusion")->standardPalette();
-  if (!dark) return light;
+  if (!dark) return std::unique_ptr<QStyle>(QStyleFactory::create("Fusion"))->standardPalette();
   QPalette palette(QColor(53, 53, 53));
   palette.setColor(QPalette::Base, QColor(35, 35, 35));
   palette.setColor(QPalette::AlternateBase, QColor(45, 45, 45));
