@@ -81,23 +81,35 @@ def check_batch(programs, folder):
 
 
 def visit(folder, script, *command):
-    """Runs the program with a user who plays the script; the folder that holds what he saw."""
-    os.mkdir(folder)
+    """Runs the program with a user who plays the script; the folder that holds what he saw, which may be one of before."""
+    os.makedirs(folder, exist_ok=True)
     run(*command, QT_QPA_PLATFORM="offscreen", QT_PLUGIN_PATH=os.path.join(BUILD, "plugins"),
         QT_QPA_GENERIC_PLUGINS="visitor", VISITOR_FOLDER=folder, VISITOR_SCRIPT=os.path.join(HERE, script),
         VMG_WORKBOOK_FOLDER=folder, HOME=folder)
     return folder
 
 
-def check_sql(programs, folder):
+def orders(folder):
     database = folder + ".db"
     with sqlite3.connect(database) as connection:
         connection.execute("CREATE TABLE orders (customer TEXT, amount REAL)")
         connection.executemany("INSERT INTO orders VALUES (?, ?)", [("Delta", 2.5), ("Epirus", 10), ("Corinth", 7)])
+    return database
+
+
+def check_sql(programs, folder):
+    database = orders(folder)
     seen = visit(folder, "sql.vgs", os.path.join(programs, "qt_sql", "qt_sql"), database, "SELECT * FROM orders")
     assert lines(seen, "sorted.tsv") == [["0", "Epirus", "10"], ["0", "Corinth", "7"]]
     assert os.path.exists(os.path.join(seen, "dialog.png")), "the program opens the summary"
     assert len(lines(f"{SOURCE}/examples/qt_sql/main.cpp")) <= 15, "its readers are promised a short program"
+
+
+def check_window(programs, folder):
+    command = [os.path.join(programs, "qt_window", "qt_window"), orders(folder), "SELECT * FROM orders"]
+    visit(folder, "sql.vgs", *command)
+    seen = visit(folder, "again.vgs", *command)
+    assert lines(seen, "again.tsv") == lines(seen, "sorted.tsv"), "the window keeps its view"
 
 
 def check_own_grid(programs, folder, help_pages):
@@ -128,4 +140,5 @@ with tempfile.TemporaryDirectory() as work:
     check_gridhost(place("installed"), place("out"))
     check_batch(place("programs"), place("out"))
     check_sql(place("programs"), place("sql"))
+    check_window(place("programs"), place("window"))
     check_own_grid(place("programs"), place("own_grid"), place("installed/share/vmGridViews/help"))
