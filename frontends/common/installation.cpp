@@ -4,13 +4,13 @@
 
 #include <cstdlib>
 
+#include "support/help/setting.h"
+
 namespace vmgv {
 namespace {
 
 constexpr const char* kSharedFiles = "share/vmGridViews";
 constexpr const char* kSettingsFile = "vmGridViews.conf";
-constexpr const char* kSettingsKey = "SOFTWARE\\Velmora\\Common";
-constexpr const char* kHelpFolder = "helpFolder";
 
 // The file that this code was loaded from.
 std::filesystem::path thisModule() {
@@ -52,8 +52,8 @@ SettingsFile installedSettings() {
   }
   places.push_back(std::filesystem::path("/etc") / kSettingsFile);
   SettingsFile settings = SettingsFile::readFirst(places);
-  if (settings.value(kSettingsKey, kHelpFolder, {}).empty()) {
-    settings.set(kSettingsKey, kHelpFolder, installedFile("help").string());
+  if (settings.value(kHelpSettingsKey, kHelpFolderSetting, {}).empty()) {
+    settings.set(kHelpSettingsKey, kHelpFolderSetting, installedFile("help").string());
   }
   return settings;
 }

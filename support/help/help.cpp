@@ -1,12 +1,11 @@
 #include "support/help/help.h"
 
 #include "support/automation/class_table.h"
+#include "support/help/setting.h"
 
 namespace vmgv {
 namespace {
 
-constexpr const char* kSettingsKey = "SOFTWARE\\Velmora\\Common";
-constexpr const char* kFolderSetting = "helpFolder";
 constexpr const char* kHelpFile = "VMgridViews.chm";
 constexpr const char* kTopicExtension = ".htm";
 
@@ -16,7 +15,7 @@ const std::string& Help::HelpFolder() {
   if (!folder_.empty()) return folder_;
   const char separator = system_.pathSeparator();
   const std::string standard = system_.commonFilesFolder() + "Velmora" + separator + "Help" + separator;
-  std::string folder = system_.setting(kSettingsKey, kFolderSetting, standard);
+  std::string folder = system_.setting(kHelpSettingsKey, kHelpFolderSetting, standard);
   if (!folder.ends_with(separator)) folder += separator;
   folder_ = std::move(folder);
   return folder_;
