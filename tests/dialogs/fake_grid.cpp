@@ -146,10 +146,10 @@ class FakeGrid::Part final : public NamedObject {
   Value rules(const std::string& name, Args args) {
     if (name == "Count") return countOf(grid_.rules);
     const bool byName = args[0].isText();
+    if (name == "Item" && !byName) return itemOf("FmtCondition", args, grid_.rules);
     const std::string text = byName || name == "Add" ? toText(args[name == "Add" ? 4 : 0]) : std::string();
     const auto found = std::find_if(grid_.rules.begin(), grid_.rules.end(),
                                     [&](const FakeRule& rule) { return rule.name == text; });
-    if (name == "Item" && !byName) return itemOf("FmtCondition", args, grid_.rules);
     if (name == "Add") {
       std::string what = name;
       for (std::size_t i = 0; i < args.size(); ++i) {

@@ -7,4 +7,6 @@ namespace vmgv {
 
 using TestDesktop = HeadlessDesktop;
 
+constexpr int kFaultStep = 1;  // each call of a session fails once
+
 }  // namespace vmgv

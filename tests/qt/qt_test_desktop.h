@@ -22,4 +22,6 @@ class TestDesktop final : public QtDesktop {
   std::vector<HelpCall> helpCalls_;
 };
 
+constexpr int kFaultStep = 7;  // a call in seven fails: windows take their time, and without a screen each one does
+
 }  // namespace vmgv

@@ -12,4 +12,6 @@ class TestDesktop final : public HeadlessSystem, public Win32Desktop {
   Steps nobody_{*this, {}};  // what opens without a step closes again
 };
 
+constexpr int kFaultStep = 7;  // a call in seven fails: windows take their time, and without a screen each one does
+
 }  // namespace vmgv
