@@ -53,12 +53,18 @@ elseif(BUILD_TESTING)
   find_package(GTest REQUIRED)
 endif()
 
+# Of tests most time goes into compiling them, and on Windows into linking: there it grows with the square of the sections.
+set(testFlags -O0)
+if(WIN32)
+  list(APPEND testFlags -fno-function-sections -fno-data-sections)
+endif()
+
 # What most tests include, compiled once for all of them.
 if(BUILD_TESTING)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/test_headers.cpp CONTENT "int main() {}\n")
   add_executable(vmg_test_headers EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/test_headers.cpp)
   target_link_libraries(vmg_test_headers PRIVATE vmg_options GTest::gtest)
-  target_compile_options(vmg_test_headers PRIVATE -O0)
+  target_compile_options(vmg_test_headers PRIVATE ${testFlags})
   target_precompile_headers(vmg_test_headers PRIVATE
     <gtest/gtest.h> <filesystem> <fstream> <functional> <iostream> <map> <memory> <optional> <string> <vector>)
 endif()
@@ -69,7 +75,7 @@ endif()
 function(vmg_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS;ENVIRONMENT")
   add_executable(${name} ${arg_SOURCES})
-  target_compile_options(${name} PRIVATE -O0)  # of tests most time goes into compiling them
+  target_compile_options(${name} PRIVATE ${testFlags})
   if(NOT "vmg_qt" IN_LIST arg_DEPENDS)  # Qt wants another kind of code
     target_precompile_headers(${name} REUSE_FROM vmg_test_headers)
   endif()

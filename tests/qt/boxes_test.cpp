@@ -45,7 +45,7 @@ TEST_F(QtTest, OnlyTheTopmostThingCanBeActedOn) {
 TEST_F(QtTest, MessagesSpeakTheLanguageOfTheProcess) {
   for (const auto& [language, yes] : {std::pair{kEnglish, "Yes"}, {kGreek, "Ναι"}}) {
     processStringService().setLanguage(language);
-    Steps user(desktop, {[&] {
+    Steps user(desktop, {[&, yes = yes] {
                  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
                  EXPECT_EQ(box->text(), "<b>1 < 2</b> & so");
                  QStringList buttons;

@@ -128,7 +128,7 @@ TEST_P(ContrastTest, OfConditions) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, ContrastTest, testing::Bool(),
-                         [](const auto& info) { return info.param ? "Dark" : "Light"; });
+                         [](const auto& test) { return test.param ? "Dark" : "Light"; });
 
 }  // namespace
 }  // namespace vmgv
