@@ -4,8 +4,8 @@
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev libsqlite3-dev libminizip-dev zlib1g-dev
                 libisal-dev libcairo2-dev fonts-dejavu-core
                 libgtest-dev libpugixml-dev libqt6opengl6-dev python3)  # the tests' own, which configuring asks for
-test_packages=(python3-openpyxl poppler-utils doxygen libqt6sql6-sqlite
-               clang clang-tidy libclang-rt-dev llvm  # the sanitizers, and what names the places that they find
+sanitizer_packages=(clang libclang-rt-dev llvm)  # the last names the places that they find
+test_packages=("${sanitizer_packages[@]}" python3-openpyxl poppler-utils clang-tidy doxygen libqt6sql6-sqlite
                at-spi2-core dbus gir1.2-atspi-2.0 python3-gi python3-xlib xvfb)  # a screen reader's view of Qt
 # Its package would drive out a LibreOffice with windows, so it is wanted only where there is none at all.
 command -v soffice >/dev/null || test_packages+=(libreoffice-calc-nogui)

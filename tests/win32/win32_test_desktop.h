@@ -12,6 +12,6 @@ class TestDesktop final : public HeadlessSystem, public Win32Desktop {
   Steps nobody_{*this, {}};  // what opens without a step closes again
 };
 
-constexpr int kFaultStep = 7;  // a call in seven fails: windows take their time, and without a screen each one does
+constexpr int kFaultStep = 7;  // one call in seven fails: Wine opens windows slowly, and on the other desktops each one does
 
 }  // namespace vmgv
